@@ -1,0 +1,70 @@
+#pragma once
+
+// A film in SWF format, read and played natively: the film faces, the reward
+// screen and the editors' previews use it as their backend.
+
+#include <QByteArray>
+#include <QColor>
+#include <QRectF>
+#include <QSize>
+#include <QString>
+
+#include <memory>
+
+class QPainter;
+class QImage;
+
+namespace swf {
+
+struct Riproduzione;
+
+class Filmato {
+public:
+    Filmato();
+    ~Filmato();
+    Filmato(Filmato &&) noexcept;
+    Filmato &operator=(Filmato &&) noexcept;
+    Filmato(const Filmato &) = delete;
+    Filmato &operator=(const Filmato &) = delete;
+
+    // Any unreadable or malformed input leaves an empty, invalid film.
+    bool caricaFile(const QString &percorso);
+    bool caricaDati(const QByteArray &dati);
+
+    bool valido() const;
+    // Kept for callers that prefer the English spelling.
+    bool valid() const { return valido(); }
+
+    QSize dimensioneScena() const;      // stage size in pixels
+    double fotogrammiAlSecondo() const;  // frame rate, never 0 for a valid film
+    int numeroFotogrammi() const;        // frames of the main timeline
+    QColor coloreSfondo() const;         // white when the film sets none
+    int versione() const;
+
+    // Current frame of the main timeline, 1-based; 0 before the first tick.
+    int fotogrammaCorrente() const;
+    bool inRiproduzione() const;
+
+    // Back to the first frame, as just loaded and shown once.
+    void riavvolgi();
+    // Jumps the main timeline to a 1-based frame, running its scripts.
+    void vaiAlFotogramma(int fotogramma);
+    // One tick of the timeline: frame advance of every clip plus scripts.
+    void avanza();
+    void ferma();
+    void riprendi();
+
+    // Draws the current frame scaled "show all" into target: uniform,
+    // centred, letterboxed. The bars are left untouched.
+    void disegna(QPainter &painter, const QRectF &target, bool antialias) const;
+    // Renders into a fresh image the given size (e.g. for tests and thumbnails).
+    QImage immagine(const QSize &dimensione, bool antialias) const;
+
+    // Rough bytes held by this film (file data, decoded bitmaps, caches).
+    qint64 memoriaUsata() const;
+
+private:
+    std::unique_ptr<Riproduzione> d;
+};
+
+} // namespace swf

@@ -1,0 +1,545 @@
+// Drawing a display list with QPainter: shapes, bitmaps, text, masks,
+// blend modes and filters. Everything is drawn into a premultiplied ARGB
+// image so that blend modes and filters can read back what lies below.
+
+#include "riproduzione.h"
+
+#include <QPainter>
+
+#include <cmath>
+
+namespace swf {
+
+namespace {
+
+struct Ctx {
+    const Film &film;
+    OpzioniDisegno opz;
+    QSize dimensione;
+    bool inStrato = false;  // inside a 'layer' group: alpha and erase apply
+    int annidamento = 0;
+};
+
+double scalaDi(const QTransform &m)
+{
+    return std::sqrt(std::max(0.0, (m.m11() * m.m11() + m.m12() * m.m12() + m.m21() * m.m21() + m.m22() * m.m22()) / 2));
+}
+
+double lineare(double c) { c /= 255.0; return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); }
+double gamma(double c) { c = c <= 0.0031308 ? c * 12.92 : 1.055 * std::pow(c, 1 / 2.4) - 0.055; return std::clamp(c * 255.0, 0.0, 255.0); }
+
+QGradientStops fermate(const Gradiente &g, const ColorTransform &cx)
+{
+    QGradientStops s;
+    if (g.stop.empty())
+        return s;
+    std::vector<std::pair<double, QColor>> v;
+    double ultimo = 0;
+    for (auto &[r, c] : g.stop) {
+        double pos = std::max<double>(r, ultimo);
+        ultimo = pos;
+        v.emplace_back(pos / 255.0, cx.applica(c));
+    }
+    if (g.interp == 1 && v.size() >= 2) {
+        // linear-RGB interpolation, approximated by extra stops
+        std::vector<std::pair<double, QColor>> fitte;
+        for (size_t i = 0; i + 1 < v.size(); ++i) {
+            const auto &[p0, c0] = v[i];
+            const auto &[p1, c1] = v[i + 1];
+            const int passi = p1 > p0 ? 16 : 1;
+            for (int k = 0; k < passi; ++k) {
+                double t = static_cast<double>(k) / passi;
+                auto m = [&](int a, int b) { return gamma(lineare(a) + (lineare(b) - lineare(a)) * t); };
+                QColor c = QColor::fromRgbF(static_cast<float>(m(c0.red(), c1.red()) / 255), static_cast<float>(m(c0.green(), c1.green()) / 255),
+                                            static_cast<float>(m(c0.blue(), c1.blue()) / 255), static_cast<float>(c0.alphaF() + (c1.alphaF() - c0.alphaF()) * t));
+                fitte.emplace_back(p0 + (p1 - p0) * t, c);
+            }
+        }
+        fitte.push_back(v.back());
+        v = std::move(fitte);
+    }
+    // Qt wants strictly increasing positions; equal ratios make a hard edge
+    double prec = -1;
+    for (auto &[p, c] : v) {
+        double q = p <= prec ? prec + 1e-6 : p;
+        if (q > 1)
+            q = 1;
+        if (q <= prec)
+            continue;
+        s.append({q, c});
+        prec = q;
+    }
+    if (s.size() == 1)
+        s.append({1.0, s.front().second});
+    return s;
+}
+
+QBrush pennelloGradiente(const Gradiente &g, const ColorTransform &cx)
+{
+    QGradient *grad = nullptr;
+    QLinearGradient lin(-16384, 0, 16384, 0);
+    QRadialGradient rad(QPointF(0, 0), 16384, QPointF(g.tipo == Gradiente::Focale ? g.fuoco * 16384 * 0.999 : 0, 0));
+    if (g.tipo == Gradiente::Lineare)
+        grad = &lin;
+    else
+        grad = &rad;
+    grad->setStops(fermate(g, cx));
+    grad->setSpread(g.spread == 1 ? QGradient::ReflectSpread : g.spread == 2 ? QGradient::RepeatSpread : QGradient::PadSpread);
+    grad->setInterpolationMode(QGradient::ComponentInterpolation);
+    QBrush b(*grad);
+    b.setTransform(g.matrice);
+    return b;
+}
+
+QImage immagineTrasformata(const QImage &src, const ColorTransform &cx)
+{
+    if (cx.identita())
+        return src;
+    QImage out = src.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < out.height(); ++y) {
+        auto *p = reinterpret_cast<QRgb *>(out.scanLine(y));
+        for (int x = 0; x < out.width(); ++x) {
+            QRgb v = p[x];
+            Rgba c{static_cast<uint8_t>(qRed(v)), static_cast<uint8_t>(qGreen(v)), static_cast<uint8_t>(qBlue(v)), static_cast<uint8_t>(qAlpha(v))};
+            p[x] = cx.applica(c).rgba();
+        }
+    }
+    return out.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+const QImage *bitmapDi(const Ctx &ctx, uint16_t id)
+{
+    auto it = ctx.film.definizioni.find(id);
+    if (it == ctx.film.definizioni.end() || it->second.tipo != Definizione::BitmapT)
+        return nullptr;
+    const QImage &img = decodificaBitmap(*it->second.bitmap, ctx.film.tabelleJpeg);
+    return img.isNull() ? nullptr : &img;
+}
+
+void riempi(QPainter &p, const QPainterPath &percorso, const Riempimento &f, const QTransform &m,
+            const ColorTransform &cx, const Ctx &ctx)
+{
+    switch (f.tipo) {
+    case Riempimento::Solido:
+        p.fillPath(percorso, cx.applica(f.colore));
+        break;
+    case Riempimento::Grad:
+        if (!f.grad.stop.empty())
+            p.fillPath(percorso, pennelloGradiente(f.grad, cx));
+        break;
+    case Riempimento::Bitmap: {
+        const QImage *img = bitmapDi(ctx, f.bitmapId);
+        if (!img)
+            break;
+        QImage vista = immagineTrasformata(*img, cx);
+        p.save();
+        p.setRenderHint(QPainter::SmoothPixmapTransform, f.liscio && ctx.opz.antialias);
+        if (f.ripeti) {
+            QBrush b(vista);
+            b.setTransform(f.matriceBitmap);
+            p.fillPath(percorso, b);
+        } else {
+            p.setClipPath(percorso, Qt::IntersectClip);
+            p.setTransform(f.matriceBitmap * m);
+            p.drawImage(0, 0, vista);
+        }
+        p.restore();
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+void traccia(QPainter &p, const QPainterPath &percorso, const Tratto &t, const QTransform &m,
+             const ColorTransform &cx, const Ctx &ctx)
+{
+    QPen pen;
+    if (t.conRiempimento && t.riempimento.tipo == Riempimento::Grad)
+        pen.setBrush(pennelloGradiente(t.riempimento.grad, cx));
+    else if (t.conRiempimento && t.riempimento.tipo == Riempimento::Bitmap && bitmapDi(ctx, t.riempimento.bitmapId)) {
+        QBrush b(immagineTrasformata(*bitmapDi(ctx, t.riempimento.bitmapId), cx));
+        b.setTransform(t.riempimento.matriceBitmap);
+        pen.setBrush(b);
+    } else
+        pen.setColor(cx.applica(t.colore));
+    pen.setCapStyle(t.capInizio == 1 ? Qt::FlatCap : t.capInizio == 2 ? Qt::SquareCap : Qt::RoundCap);
+    pen.setJoinStyle(t.giunzione == 1 ? Qt::BevelJoin : t.giunzione == 2 ? Qt::MiterJoin : Qt::RoundJoin);
+    if (t.giunzione == 2)
+        pen.setMiterLimit(std::max(1.0, t.miter));
+    const double scala = scalaDi(m);
+    double larghezzaDisp = (t.noHScale || t.noVScale) ? t.larghezza / 20.0 * ctx.opz.scalaScena : t.larghezza * scala;
+    if (larghezzaDisp < 1.0) {
+        // hairlines and thin strokes are drawn one device pixel wide
+        pen.setCosmetic(true);
+        pen.setWidthF(1.0);
+    } else if (t.noHScale || t.noVScale) {
+        pen.setCosmetic(true);
+        pen.setWidthF(larghezzaDisp);
+    } else {
+        pen.setWidthF(t.larghezza);
+    }
+    p.strokePath(percorso, pen);
+}
+
+void disegnaForma(QPainter &p, const Forma &f, const QTransform &m, const ColorTransform &cx, const Ctx &ctx)
+{
+    p.setTransform(m);
+    for (const StratoForma &s : f.strati) {
+        for (size_t i = 0; i < s.areePerStile.size() && i < s.riempimenti.size(); ++i)
+            if (!s.areePerStile[i].isEmpty())
+                riempi(p, s.areePerStile[i], s.riempimenti[i], m, cx, ctx);
+        for (size_t i = 0; i < s.lineePerStile.size() && i < s.tratti.size(); ++i)
+            if (!s.lineePerStile[i].isEmpty())
+                traccia(p, s.lineePerStile[i], s.tratti[i], m, cx, ctx);
+    }
+}
+
+template <typename F>
+void perOgniGlifo(const Ctx &ctx, const Testo &t, const QTransform &m, F &&f)
+{
+    for (const VoceTesto &v : t.voci) {
+        auto it = ctx.film.definizioni.find(v.font);
+        if (it == ctx.film.definizioni.end() || it->second.tipo != Definizione::CarattereT)
+            continue;
+        const Carattere &c = *it->second.carattere;
+        double x = v.x;
+        const double s = v.altezza / c.unitaEm;
+        for (auto &[g, avanzo] : v.glifi) {
+            if (g < c.glifi.size()) {
+                QTransform gm(s, 0, 0, s, x, v.y);
+                f(c.glifi[g].percorso, gm * t.matrice * m, v);
+            }
+            x += avanzo;
+        }
+    }
+}
+
+void disegnaClip(QPainter &p, const Clip &c, const QTransform &mondo, const ColorTransform &cx, Ctx &ctx);
+
+QPainterPath percorsoMaschera(const Istanza &i, const QTransform &genitore, const Ctx &ctx, int annidamento)
+{
+    QPainterPath out;
+    out.setFillRule(Qt::WindingFill);
+    if (annidamento > kMaxNesting || !i.visibile)
+        return out;
+    const QTransform m = i.matrice * genitore;
+    switch (i.def.tipo) {
+    case Definizione::FormaT:
+        out = m.map(contornoForma(*i.def.forma));
+        break;
+    case Definizione::MorphT:
+        out = m.map(contornoForma(*formaMorph(*i.def.morph, i.rapporto)));
+        break;
+    case Definizione::TestoT:
+        perOgniGlifo(ctx, *i.def.testo, m, [&](const QPainterPath &g, const QTransform &gm, const VoceTesto &) {
+            out.addPath(gm.map(g));
+        });
+        break;
+    case Definizione::SpriteT:
+        if (i.figli)
+            for (auto &[k, v] : i.figli->lista)
+                if (v->clip == 0)
+                    out.addPath(percorsoMaschera(*v, m, ctx, annidamento + 1));
+        break;
+    default:
+        break;
+    }
+    return out;
+}
+
+// ---- filters, on the device-size layer image
+
+void sfocaBox(QImage &img, int rx, int ry, int passaggi)
+{
+    const int w = img.width(), h = img.height();
+    std::vector<uint32_t> riga(static_cast<size_t>(std::max(w, h)));
+    auto passa = [&](int r, bool orizzontale) {
+        if (r <= 0)
+            return;
+        const int n = orizzontale ? w : h, linee = orizzontale ? h : w;
+        const int finestra = 2 * r + 1;
+        for (int l = 0; l < linee; ++l) {
+            auto px = [&](int k) -> uint32_t & {
+                return orizzontale ? reinterpret_cast<uint32_t *>(img.scanLine(l))[k]
+                                   : reinterpret_cast<uint32_t *>(img.scanLine(k))[l];
+            };
+            for (int k = 0; k < n; ++k)
+                riga[static_cast<size_t>(k)] = px(k);
+            uint32_t s[4] = {0, 0, 0, 0};
+            auto agg = [&](int k, int segno) {
+                if (k < 0 || k >= n)
+                    return;
+                uint32_t v = riga[static_cast<size_t>(k)];
+                for (int ch = 0; ch < 4; ++ch)
+                    s[ch] += segno * static_cast<int>((v >> (8 * ch)) & 0xff);
+            };
+            for (int k = -r; k < r; ++k)
+                agg(k, 1);
+            for (int k = 0; k < n; ++k) {
+                agg(k + r, 1);
+                uint32_t v = 0;
+                for (int ch = 0; ch < 4; ++ch)
+                    v |= std::min<uint32_t>(255, s[ch] / static_cast<uint32_t>(finestra)) << (8 * ch);
+                px(k) = v;
+                agg(k - r, -1);
+            }
+        }
+    };
+    for (int i = 0; i < std::clamp(passaggi, 1, 3); ++i) {
+        passa(rx, true);
+        passa(ry, false);
+    }
+}
+
+int raggio(double b, double scala)
+{
+    // a box of width b pixels
+    double w = b * scala;
+    return w < 2 ? 0 : static_cast<int>(std::lround((w - 1) / 2));
+}
+
+void applicaFiltri(QImage &strato, const std::vector<Filtro> &filtri, const Ctx &ctx)
+{
+    const double sc = ctx.opz.scalaScena;
+    for (const Filtro &f : filtri) {
+        switch (f.tipo) {
+        case Filtro::Sfocatura:
+            sfocaBox(strato, raggio(f.bx, sc), raggio(f.by, sc), f.passaggi);
+            break;
+        case Filtro::Ombra:
+        case Filtro::Alone:
+        case Filtro::AloneGradiente:
+        case Filtro::Rilievo:
+        case Filtro::RilievoGradiente: {
+            if (f.tipo == Filtro::Rilievo || f.tipo == Filtro::RilievoGradiente)
+                break;
+            if (f.interno)
+                break;
+            QImage ombra(strato.size(), QImage::Format_ARGB32_Premultiplied);
+            const double forza = std::clamp(f.forza, 0.0, 255.0);
+            for (int y = 0; y < strato.height(); ++y) {
+                auto *s = reinterpret_cast<const uint32_t *>(strato.constScanLine(y));
+                auto *o = reinterpret_cast<uint32_t *>(ombra.scanLine(y));
+                for (int x = 0; x < strato.width(); ++x)
+                    o[x] = (s[x] >> 24) << 24;
+            }
+            sfocaBox(ombra, raggio(f.bx, sc), raggio(f.by, sc), f.passaggi);
+            const double a = f.colore.a / 255.0;
+            for (int y = 0; y < ombra.height(); ++y) {
+                auto *o = reinterpret_cast<uint32_t *>(ombra.scanLine(y));
+                for (int x = 0; x < ombra.width(); ++x) {
+                    double al = std::min(1.0, (o[x] >> 24) / 255.0 * forza) * a;
+                    uint32_t A = static_cast<uint32_t>(std::lround(al * 255));
+                    o[x] = (A << 24) | (static_cast<uint32_t>(f.colore.r * al) << 16) |
+                           (static_cast<uint32_t>(f.colore.g * al) << 8) | static_cast<uint32_t>(f.colore.b * al);
+                }
+            }
+            QImage out(strato.size(), QImage::Format_ARGB32_Premultiplied);
+            out.fill(0);
+            QPainter q(&out);
+            double dx = 0, dy = 0;
+            if (f.tipo == Filtro::Ombra) {
+                dx = std::cos(f.angolo) * f.distanza * sc;
+                dy = std::sin(f.angolo) * f.distanza * sc;
+            }
+            q.drawImage(QPointF(std::round(dx), std::round(dy)), ombra);
+            if (f.knockout) {
+                q.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+                q.drawImage(0, 0, strato);
+            } else if (f.soloOggetto || true) {
+                q.drawImage(0, 0, strato);
+            }
+            q.end();
+            strato = std::move(out);
+            break;
+        }
+        case Filtro::MatriceColore: {
+            const auto &m = f.matrice;
+            for (int y = 0; y < strato.height(); ++y) {
+                auto *s = reinterpret_cast<QRgb *>(strato.scanLine(y));
+                for (int x = 0; x < strato.width(); ++x) {
+                    QRgb v = qUnpremultiply(s[x]);
+                    double c[4] = {static_cast<double>(qRed(v)), static_cast<double>(qGreen(v)), static_cast<double>(qBlue(v)), static_cast<double>(qAlpha(v))};
+                    int o[4];
+                    for (int k = 0; k < 4; ++k) {
+                        double val = m[k * 5] * c[0] + m[k * 5 + 1] * c[1] + m[k * 5 + 2] * c[2] + m[k * 5 + 3] * c[3] + m[k * 5 + 4];
+                        o[k] = static_cast<int>(std::clamp(val, 0.0, 255.0));
+                    }
+                    s[x] = qPremultiply(qRgba(o[0], o[1], o[2], o[3]));
+                }
+            }
+            break;
+        }
+        default:
+            break;
+        }
+    }
+}
+
+// Blends a layer onto what the painter's image already holds.
+void componi(QPainter &p, const QImage &strato, int modo, const Ctx &ctx)
+{
+    p.save();
+    p.resetTransform();
+    QPainter::CompositionMode cm = QPainter::CompositionMode_SourceOver;
+    switch (modo) {
+    case 3: cm = QPainter::CompositionMode_Multiply; break;
+    case 4: cm = QPainter::CompositionMode_Screen; break;
+    case 5: cm = QPainter::CompositionMode_Lighten; break;
+    case 6: cm = QPainter::CompositionMode_Darken; break;
+    case 7: cm = QPainter::CompositionMode_Difference; break;
+    case 8: cm = QPainter::CompositionMode_Plus; break;
+    case 11: cm = ctx.inStrato ? QPainter::CompositionMode_DestinationIn : QPainter::CompositionMode_SourceOver; break;
+    case 12: cm = ctx.inStrato ? QPainter::CompositionMode_DestinationOut : QPainter::CompositionMode_SourceOver; break;
+    case 13: cm = QPainter::CompositionMode_Overlay; break;
+    case 14: cm = QPainter::CompositionMode_HardLight; break;
+    default: break;
+    }
+    auto *dest = dynamic_cast<QImage *>(p.device());
+    if ((modo == 9 || modo == 10) && dest) {
+        // subtract and invert have no Qt mode: compute the result, then copy it through the clip
+        QImage ris = dest->copy();
+        for (int y = 0; y < ris.height() && y < strato.height(); ++y) {
+            auto *d = reinterpret_cast<uint32_t *>(ris.scanLine(y));
+            auto *s = reinterpret_cast<const uint32_t *>(strato.constScanLine(y));
+            for (int x = 0; x < ris.width() && x < strato.width(); ++x) {
+                uint32_t sa = s[x] >> 24;
+                if (sa == 0)
+                    continue;
+                uint32_t v = 0;
+                uint32_t da = d[x] >> 24;
+                for (int ch = 0; ch < 3; ++ch) {
+                    int dc = (d[x] >> (8 * ch)) & 0xff, sc = (s[x] >> (8 * ch)) & 0xff;
+                    int r = modo == 9 ? std::max(0, dc - sc) : static_cast<int>(da) - dc;
+                    // weight by the layer's coverage
+                    int mix = (r * static_cast<int>(sa) + dc * (255 - static_cast<int>(sa))) / 255;
+                    v |= static_cast<uint32_t>(std::clamp(mix, 0, 255)) << (8 * ch);
+                }
+                d[x] = v | (da << 24);
+            }
+        }
+        p.setCompositionMode(QPainter::CompositionMode_Source);
+        p.drawImage(0, 0, ris);
+    } else {
+        p.setCompositionMode(cm);
+        p.drawImage(0, 0, strato);
+    }
+    p.restore();
+}
+
+void disegnaContenuto(QPainter &p, const Istanza &i, const QTransform &m, const ColorTransform &cx, Ctx &ctx)
+{
+    switch (i.def.tipo) {
+    case Definizione::FormaT:
+        disegnaForma(p, *i.def.forma, m, cx, ctx);
+        break;
+    case Definizione::MorphT:
+        disegnaForma(p, *formaMorph(*i.def.morph, i.rapporto), m, cx, ctx);
+        break;
+    case Definizione::TestoT:
+        perOgniGlifo(ctx, *i.def.testo, m, [&](const QPainterPath &g, const QTransform &gm, const VoceTesto &v) {
+            p.setTransform(gm);
+            p.fillPath(g, cx.applica(v.colore));
+        });
+        break;
+    case Definizione::BitmapT: {
+        const QImage *img = bitmapDi(ctx, i.carattere);
+        if (img) {
+            p.setTransform(QTransform::fromScale(20, 20) * m);
+            p.setRenderHint(QPainter::SmoothPixmapTransform, false);
+            p.drawImage(0, 0, immagineTrasformata(*img, cx));
+        }
+        break;
+    }
+    case Definizione::SpriteT:
+        if (i.figli)
+            disegnaClip(p, *i.figli, m, cx, ctx);
+        break;
+    default:
+        break;
+    }
+}
+
+void disegnaIstanza(QPainter &p, const Istanza &i, const QTransform &genitore, const ColorTransform &cxGen, Ctx &ctx)
+{
+    if (!i.visibile)
+        return;
+    const QTransform m = i.matrice * genitore;
+    const ColorTransform cx = cxGen.dopo(i.colore);
+    int modo = i.fusione <= 1 ? 0 : i.fusione;
+    if (modo > 14)
+        modo = 0;
+    const bool serveStrato = modo != 0 || !i.filtri.empty();
+    if (!serveStrato || ctx.annidamento > 8) {
+        disegnaContenuto(p, i, m, cx, ctx);
+        return;
+    }
+    if ((modo == 11 || modo == 12) && !ctx.inStrato && i.filtri.empty()) {
+        // without a 'layer' ancestor these modes have nothing to cut into
+        return;
+    }
+    QImage strato(ctx.dimensione, QImage::Format_ARGB32_Premultiplied);
+    strato.fill(0);
+    {
+        QPainter q(&strato);
+        q.setRenderHints(p.renderHints());
+        Ctx figlio = ctx;
+        figlio.inStrato = modo == 2 || (ctx.inStrato && modo == 0);
+        figlio.annidamento = ctx.annidamento + 1;
+        disegnaContenuto(q, i, m, cx, figlio);
+    }
+    applicaFiltri(strato, i.filtri, ctx);
+    componi(p, strato, modo, ctx);
+}
+
+void disegnaClip(QPainter &p, const Clip &c, const QTransform &mondo, const ColorTransform &cx, Ctx &ctx)
+{
+    if (ctx.annidamento > kMaxNesting)
+        return;
+    struct Maschera {
+        int fino;
+        QPainterPath percorso;
+    };
+    std::vector<Maschera> attive;
+    bool cambiato = false;
+    p.save();
+    for (auto &[prof, ist] : c.lista) {
+        size_t prima = attive.size();
+        std::erase_if(attive, [&](const Maschera &m) { return prof > m.fino; });
+        cambiato |= attive.size() != prima;
+        if (ist->clip > 0) {
+            if (ist->clip > prof) {
+                attive.push_back({ist->clip, percorsoMaschera(*ist, mondo, ctx, 0)});
+                cambiato = true;
+            }
+            continue;
+        }
+        if (cambiato) {
+            p.restore();
+            p.save();
+            p.resetTransform();
+            for (auto &m : attive)
+                p.setClipPath(m.percorso, Qt::IntersectClip);
+            cambiato = false;
+        }
+        disegnaIstanza(p, *ist, mondo, cx, ctx);
+    }
+    p.restore();
+}
+
+} // namespace
+
+void disegnaFilm(QImage &dest, const Riproduzione &r, const QTransform &scenaADispositivo, const OpzioniDisegno &o)
+{
+    if (!r.film || !r.radice)
+        return;
+    Ctx ctx{*r.film, o, dest.size()};
+    QPainter p(&dest);
+    p.setRenderHint(QPainter::Antialiasing, o.antialias);
+    p.setRenderHint(QPainter::SmoothPixmapTransform, o.antialias);
+    const QTransform mondo = QTransform::fromScale(1 / 20.0, 1 / 20.0) * scenaADispositivo;
+    disegnaClip(p, *r.radice, mondo, ColorTransform{}, ctx);
+}
+
+} // namespace swf

@@ -1,0 +1,183 @@
+#include "swf/filmato.h"
+
+#include "riproduzione.h"
+
+#include <QFile>
+#include <QPainter>
+
+#include <cmath>
+
+namespace swf {
+
+namespace {
+constexpr qint64 kMaxFile = 64 * 1024 * 1024;
+}
+
+Filmato::Filmato() = default;
+Filmato::~Filmato() = default;
+Filmato::Filmato(Filmato &&) noexcept = default;
+Filmato &Filmato::operator=(Filmato &&) noexcept = default;
+
+bool Filmato::caricaFile(const QString &percorso)
+{
+    d.reset();
+    QFile f(percorso);
+    if (!f.open(QIODevice::ReadOnly) || f.size() > kMaxFile)
+        return false;
+    return caricaDati(f.readAll());
+}
+
+bool Filmato::caricaDati(const QByteArray &dati)
+{
+    d.reset();
+    auto film = leggiFilm(dati);
+    if (!film)
+        return false;
+    d = std::make_unique<Riproduzione>();
+    d->film = std::move(film);
+    d->inizia();
+    return true;
+}
+
+bool Filmato::valido() const { return d != nullptr; }
+
+QSize Filmato::dimensioneScena() const
+{
+    if (!d)
+        return {};
+    return QSize(static_cast<int>(std::lround(d->film->scena.width() / 20.0)),
+                 static_cast<int>(std::lround(d->film->scena.height() / 20.0)));
+}
+
+double Filmato::fotogrammiAlSecondo() const { return d ? d->film->fps : 0; }
+int Filmato::numeroFotogrammi() const { return d ? d->film->numeroFotogrammi : 0; }
+int Filmato::versione() const { return d ? d->film->intestazione.versione : 0; }
+
+QColor Filmato::coloreSfondo() const
+{
+    if (!d || !d->film->haSfondo)
+        return QColor(255, 255, 255);
+    const Rgba &c = d->film->sfondo;
+    return QColor(c.r, c.g, c.b);
+}
+
+int Filmato::fotogrammaCorrente() const { return d && d->radice ? d->radice->corrente + 1 : 0; }
+bool Filmato::inRiproduzione() const { return d && d->radice && d->radice->inRiproduzione; }
+
+void Filmato::riavvolgi()
+{
+    if (d)
+        d->inizia();
+}
+
+void Filmato::vaiAlFotogramma(int fotogramma)
+{
+    if (!d || !d->radice)
+        return;
+    d->vaiA(d->radice, fotogramma - 1, d->radice->inRiproduzione);
+    d->eseguiCoda();
+}
+
+void Filmato::avanza()
+{
+    if (d)
+        d->passo();
+}
+
+void Filmato::ferma()
+{
+    if (d && d->radice)
+        d->radice->inRiproduzione = false;
+}
+
+void Filmato::riprendi()
+{
+    if (d && d->radice)
+        d->radice->inRiproduzione = true;
+}
+
+void Filmato::disegna(QPainter &painter, const QRectF &target, bool antialias) const
+{
+    if (!d || target.width() < 1 || target.height() < 1)
+        return;
+    const QSizeF scena = d->film->scena.size() / 20.0;
+    const double scala = std::min(target.width() / scena.width(), target.height() / scena.height());
+    const QSizeF dim = scena * scala;
+    const QPointF origine(target.x() + (target.width() - dim.width()) / 2, target.y() + (target.height() - dim.height()) / 2);
+    // the film is drawn at device resolution, then blitted
+    const qreal dpr = painter.device() ? painter.device()->devicePixelRatioF() : 1.0;
+    const double sx = painter.transform().isScaling() ? std::sqrt(std::abs(painter.transform().determinant())) : 1.0;
+    const double fattore = std::clamp(dpr * sx, 0.25, 4.0);
+    QSize px(std::max(1, static_cast<int>(std::ceil(dim.width() * fattore))),
+             std::max(1, static_cast<int>(std::ceil(dim.height() * fattore))));
+    QImage img(px, QImage::Format_ARGB32_Premultiplied);
+    if (img.isNull())
+        return;
+    img.fill(coloreSfondo());
+    OpzioniDisegno o;
+    o.antialias = antialias;
+    o.scalaScena = scala * fattore;
+    const QTransform t = QTransform::fromTranslate(-d->film->scena.left() / 20.0, -d->film->scena.top() / 20.0) *
+                         QTransform::fromScale(scala * fattore, scala * fattore);
+    disegnaFilm(img, *d, t, o);
+    painter.save();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, antialias);
+    painter.drawImage(QRectF(origine, dim), img);
+    painter.restore();
+}
+
+QImage Filmato::immagine(const QSize &dimensione, bool antialias) const
+{
+    QImage img(dimensione, QImage::Format_ARGB32_Premultiplied);
+    if (img.isNull())
+        return img;
+    img.fill(coloreSfondo());
+    if (!d)
+        return img;
+    const QSizeF scena = d->film->scena.size() / 20.0;
+    const double scala = std::min(dimensione.width() / scena.width(), dimensione.height() / scena.height());
+    const QPointF origine((dimensione.width() - scena.width() * scala) / 2, (dimensione.height() - scena.height() * scala) / 2);
+    OpzioniDisegno o;
+    o.antialias = antialias;
+    o.scalaScena = scala;
+    const QTransform t = QTransform::fromTranslate(-d->film->scena.left() / 20.0, -d->film->scena.top() / 20.0) *
+                         QTransform::fromScale(scala, scala) * QTransform::fromTranslate(origine.x(), origine.y());
+    disegnaFilm(img, *d, t, o);
+    return img;
+}
+
+qint64 Filmato::memoriaUsata() const
+{
+    if (!d)
+        return 0;
+    qint64 tot = sizeof(Riproduzione) + sizeof(Film);
+    for (auto &[id, def] : d->film->definizioni) {
+        tot += 64;
+        if (def.bitmap)
+            tot += def.bitmap->dati.size() + def.bitmap->alfa.size() + def.bitmap->img.sizeInBytes();
+        if (def.forma)
+            for (auto &s : def.forma->strati) {
+                for (auto &p : s.areePerStile)
+                    tot += p.elementCount() * 24 + 64;
+                for (auto &p : s.lineePerStile)
+                    tot += p.elementCount() * 24 + 64;
+                tot += static_cast<qint64>(s.riempimenti.size() * sizeof(Riempimento) + s.tratti.size() * sizeof(Tratto));
+            }
+        if (def.morph)
+            tot += static_cast<qint64>((def.morph->inizio.size() + def.morph->fine.size()) * sizeof(Record));
+        if (def.carattere)
+            for (auto &g : def.carattere->glifi)
+                tot += g.percorso.elementCount() * 24 + 32;
+        if (def.sprite)
+            for (auto &f : def.sprite->fotogrammi)
+                tot += static_cast<qint64>(f.comandi.size() * sizeof(Comando)) + 32;
+    }
+    for (auto &f : d->film->principale.fotogrammi) {
+        tot += static_cast<qint64>(f.comandi.size() * sizeof(Comando)) + 32;
+        for (auto &a : f.azioni)
+            tot += a.size();
+    }
+    return tot;
+}
+
+} // namespace swf

@@ -1,0 +1,239 @@
+#pragma once
+
+// What a film is made of once read: characters by id and timelines of
+// display-list commands. Coordinates stay in twips; the renderer scales.
+
+#include "lettore.h"
+
+#include <QColor>
+#include <QImage>
+#include <QPainterPath>
+#include <QRectF>
+#include <QTransform>
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace swf {
+
+constexpr int kMaxNesting = 32;        // sprites inside sprites, while parsing and drawing
+constexpr int kMaxFrames = 16000;      // per timeline
+constexpr int kMaxBitmapPixels = 4096 * 4096;
+
+struct Rgba {
+    uint8_t r = 0, g = 0, b = 0, a = 255;
+    bool operator==(const Rgba &) const = default;
+};
+
+struct ColorTransform {
+    double mr = 1, mg = 1, mb = 1, ma = 1;
+    double ar = 0, ag = 0, ab = 0, aa = 0;  // in 0..255 units
+
+    bool identita() const { return mr == 1 && mg == 1 && mb == 1 && ma == 1 && ar == 0 && ag == 0 && ab == 0 && aa == 0; }
+    // this applied after inner
+    ColorTransform dopo(const ColorTransform &inner) const
+    {
+        ColorTransform c;
+        c.mr = mr * inner.mr; c.mg = mg * inner.mg; c.mb = mb * inner.mb; c.ma = ma * inner.ma;
+        c.ar = ar + mr * inner.ar; c.ag = ag + mg * inner.ag; c.ab = ab + mb * inner.ab; c.aa = aa + ma * inner.aa;
+        return c;
+    }
+    QColor applica(const Rgba &c) const
+    {
+        auto f = [](double v) { return v < 0 ? 0 : v > 255 ? 255 : static_cast<int>(v); };
+        return QColor(f(c.r * mr + ar), f(c.g * mg + ag), f(c.b * mb + ab), f(c.a * ma + aa));
+    }
+};
+
+struct Gradiente {
+    enum Tipo { Lineare, Radiale, Focale } tipo = Lineare;
+    QTransform matrice;
+    int spread = 0;   // 0 pad, 1 reflect, 2 repeat
+    int interp = 0;   // 0 RGB, 1 linear RGB
+    double fuoco = 0;
+    std::vector<std::pair<uint8_t, Rgba>> stop;
+};
+
+struct Riempimento {
+    enum Tipo { Nessuno, Solido, Grad, Bitmap } tipo = Nessuno;
+    Rgba colore;
+    Gradiente grad;
+    uint16_t bitmapId = 0;
+    QTransform matriceBitmap;
+    bool ripeti = true;
+    bool liscio = true;
+};
+
+struct Tratto {
+    uint16_t larghezza = 20;  // twips
+    Rgba colore;
+    int capInizio = 0, capFine = 0;  // 0 round, 1 none, 2 square
+    int giunzione = 0;               // 0 round, 1 bevel, 2 miter
+    double miter = 3;
+    bool noHScale = false, noVScale = false, pixelHinting = false, noClose = false;
+    bool conRiempimento = false;
+    Riempimento riempimento;
+};
+
+// One drawing record of a shape, in absolute twips.
+struct Record {
+    enum Tipo { Stile, Retta, Curva } tipo = Stile;
+    // Stile
+    bool sposta = false;
+    int32_t mx = 0, my = 0;
+    bool haF0 = false, haF1 = false, haL = false;
+    uint32_t f0 = 0, f1 = 0, l = 0;
+    int nuovoStrato = -1;  // index of the style group this record switches to
+    // edges
+    int32_t cx = 0, cy = 0, x = 0, y = 0;
+};
+
+struct StratoForma {
+    std::vector<Riempimento> riempimenti;
+    std::vector<Tratto> tratti;
+    std::vector<QPainterPath> areePerStile;   // index = fill style - 1
+    std::vector<QPainterPath> lineePerStile;  // index = line style - 1
+};
+
+struct Forma {
+    QRectF limiti;
+    bool nonZero = false;
+    std::vector<StratoForma> strati;
+    QPainterPath contorno;  // union of all fills, for masks (built on demand)
+    bool contornoPronto = false;
+};
+
+struct Morph {
+    QRectF limitiInizio, limitiFine;
+    std::vector<Record> inizio, fine;
+    std::vector<Riempimento> riempInizio, riempFine;
+    std::vector<Tratto> trattiInizio, trattiFine;
+    // last built frame, reused while the ratio stays the same
+    int ultimoRapporto = -1;
+    std::shared_ptr<Forma> cache;
+};
+
+struct ImmagineBitmap {
+    enum Tipo { Jpeg, JpegTabelle, Lossless } tipo = Jpeg;
+    QByteArray dati;       // raw payload (copied: the file can be dropped)
+    QByteArray alfa;       // zlib alpha for JPEG3/4
+    int formato = 0, larghezza = 0, altezza = 0, versioneLossless = 1;
+    bool decodificata = false;
+    QImage img;            // premultiplied ARGB
+};
+
+struct Glifo {
+    QPainterPath percorso;  // font units: 1024 em (DefineFont3: 20480)
+};
+
+struct Carattere {
+    std::vector<Glifo> glifi;
+    double unitaEm = 1024;
+};
+
+struct VoceTesto {
+    uint16_t font = 0;
+    Rgba colore;
+    double x = 0, y = 0, altezza = 0;
+    std::vector<std::pair<uint32_t, int32_t>> glifi;  // index, advance
+};
+
+struct Testo {
+    QRectF limiti;
+    QTransform matrice;
+    std::vector<VoceTesto> voci;
+};
+
+struct Filtro {
+    enum Tipo { Ombra = 0, Sfocatura = 1, Alone = 2, Rilievo = 3, AloneGradiente = 4, Convoluzione = 5, MatriceColore = 6, RilievoGradiente = 7 } tipo = Sfocatura;
+    Rgba colore;
+    double bx = 0, by = 0, angolo = 0, distanza = 0, forza = 1;
+    bool interno = false, knockout = false, soloOggetto = false;
+    int passaggi = 1;
+    std::array<float, 20> matrice{};
+};
+
+struct Piazza {
+    int versione = 2;
+    uint16_t profondita = 0;
+    bool sposta = false;
+    bool haCarattere = false;
+    uint16_t carattere = 0;
+    bool haMatrice = false;
+    QTransform matrice;
+    bool haColore = false;
+    ColorTransform colore;
+    bool haRapporto = false;
+    uint16_t rapporto = 0;
+    bool haNome = false;
+    QByteArray nome;
+    bool haClip = false;
+    uint16_t clip = 0;
+    bool haFusione = false;
+    uint8_t fusione = 0;
+    bool haFiltri = false;
+    std::vector<Filtro> filtri;
+    bool haCache = false;
+    bool cache = false;
+    bool haVisibile = false;
+    bool visibile = true;
+};
+
+struct Comando {
+    enum Tipo { Metti, Togli } tipo = Metti;
+    Piazza piazza;       // Metti
+    uint16_t profondita = 0;  // Togli
+};
+
+struct Fotogramma {
+    std::vector<Comando> comandi;
+    std::vector<QByteArray> azioni;  // DoAction bytecode, in file order
+};
+
+struct Sequenza {
+    int numeroFotogrammi = 1;
+    std::vector<Fotogramma> fotogrammi;
+    std::map<QByteArray, int> etichette;  // lower-case label -> 0-based frame
+};
+
+struct Definizione {
+    enum Tipo { FormaT, MorphT, BitmapT, TestoT, SpriteT, CarattereT, BottoneT } tipo = FormaT;
+    std::shared_ptr<Forma> forma;
+    std::shared_ptr<Morph> morph;
+    std::shared_ptr<ImmagineBitmap> bitmap;
+    std::shared_ptr<Testo> testo;
+    std::shared_ptr<Sequenza> sprite;
+    std::shared_ptr<Carattere> carattere;
+};
+
+struct Film {
+    Intestazione intestazione;
+    QRectF scena;  // twips
+    double fps = 12;
+    int numeroFotogrammi = 1;
+    bool haSfondo = false;
+    Rgba sfondo{255, 255, 255, 255};
+    QByteArray tabelleJpeg;
+    std::map<uint16_t, Definizione> definizioni;
+    Sequenza principale;
+};
+
+// analisi.cpp
+std::unique_ptr<Film> leggiFilm(const QByteArray &file);
+QTransform leggiMatrice(Lettore &r);
+// forme.cpp
+bool leggiForma(Lettore &r, int versione, Forma &forma);
+bool leggiMorph(Lettore &r, int versione, Morph &m);
+void costruisciForma(const std::vector<Record> &record, std::vector<StratoForma> &strati, Forma &forma);
+std::shared_ptr<Forma> formaMorph(Morph &m, int rapporto);
+bool leggiCarattere(Lettore &r, int versione, Carattere &c);
+bool leggiTesto(Lettore &r, int versione, Testo &t);
+const QPainterPath &contornoForma(Forma &f);
+// immagini.cpp
+const QImage &decodificaBitmap(ImmagineBitmap &b, const QByteArray &tabelle);
+
+} // namespace swf

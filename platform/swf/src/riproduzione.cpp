@@ -1,0 +1,250 @@
+// Timeline stepping: display-list commands, looping, gotos and the script queue.
+
+#include "riproduzione.h"
+
+namespace swf {
+
+namespace {
+constexpr int kMaxAzioniPerTick = 20000;
+constexpr size_t kMaxIstanze = 20000;
+}
+
+void applicaPiazza(Istanza &i, const Piazza &p)
+{
+    if (p.haMatrice)
+        i.matrice = p.matrice;
+    if (p.haColore)
+        i.colore = p.colore;
+    if (p.haRapporto)
+        i.rapporto = p.rapporto;
+    if (p.haNome)
+        i.nome = p.nome;
+    if (p.haClip)
+        i.clip = p.clip;
+    if (p.haFusione)
+        i.fusione = p.fusione;
+    if (p.haFiltri)
+        i.filtri = p.filtri;
+    if (p.haCache)
+        i.cache = p.cache;
+    if (p.haVisibile)
+        i.visibile = p.visibile;
+}
+
+std::shared_ptr<Istanza> Riproduzione::nuovaIstanza(const Piazza &p, int nascita, int annidamento)
+{
+    auto it = film->definizioni.find(p.carattere);
+    if (it == film->definizioni.end() || it->second.tipo == Definizione::CarattereT)
+        return nullptr;
+    auto ist = std::make_shared<Istanza>();
+    ist->carattere = p.carattere;
+    ist->def = it->second;
+    ist->nascita = nascita;
+    ist->tickNascita = tick;
+    applicaPiazza(*ist, p);
+    if (ist->def.tipo == Definizione::SpriteT) {
+        if (annidamento >= kMaxNesting)
+            return nullptr;
+        ist->figli = std::make_shared<Clip>();
+        ist->figli->seq = ist->def.sprite;
+        ist->figli->annidamento = annidamento + 1;
+        eseguiFotogramma(ist->figli, 0, true);
+    }
+    return ist;
+}
+
+void Riproduzione::accoda(const std::shared_ptr<Clip> &c, int f)
+{
+    if (!c->seq || f < 0 || f >= static_cast<int>(c->seq->fotogrammi.size()))
+        return;
+    for (const QByteArray &a : c->seq->fotogrammi[static_cast<size_t>(f)].azioni)
+        coda.push_back(Azione{c, a});
+}
+
+void Riproduzione::eseguiFotogramma(const std::shared_ptr<Clip> &cp, int f, bool accodaAzioni)
+{
+    Clip &c = *cp;
+    if (!c.seq || f < 0 || f >= static_cast<int>(c.seq->fotogrammi.size()))
+        return;
+    // keep the sequence alive even if a nested call replaces c.seq
+    std::shared_ptr<Sequenza> seq = c.seq;
+    c.corrente = f;
+    for (const Comando &cmd : seq->fotogrammi[static_cast<size_t>(f)].comandi) {
+        if (cmd.tipo == Comando::Togli) {
+            c.lista.erase(cmd.profondita);
+            continue;
+        }
+        const Piazza &p = cmd.piazza;
+        auto it = c.lista.find(p.profondita);
+        if (p.versione == 1 || !p.sposta) {
+            if (!p.haCarattere)
+                continue;
+            if (c.lista.size() >= kMaxIstanze && it == c.lista.end())
+                continue;
+            auto ist = nuovaIstanza(p, f, c.annidamento);
+            if (ist)
+                c.lista[p.profondita] = ist;
+            else
+                c.lista.erase(p.profondita);
+            continue;
+        }
+        if (it == c.lista.end())
+            continue;
+        Istanza &ist = *it->second;
+        if (p.haCarattere && p.carattere != ist.carattere) {
+            auto d = film->definizioni.find(p.carattere);
+            if (d != film->definizioni.end() && d->second.tipo != Definizione::CarattereT) {
+                auto nuova = nuovaIstanza(p, ist.nascita, c.annidamento);
+                if (nuova) {
+                    nuova->matrice = ist.matrice;
+                    nuova->colore = ist.colore;
+                    nuova->rapporto = ist.rapporto;
+                    nuova->nome = ist.nome;
+                    nuova->clip = ist.clip;
+                    nuova->fusione = ist.fusione;
+                    nuova->filtri = ist.filtri;
+                    applicaPiazza(*nuova, p);
+                    it->second = nuova;
+                    continue;
+                }
+            }
+        }
+        applicaPiazza(ist, p);
+    }
+    if (accodaAzioni)
+        accoda(cp, f);
+}
+
+void Riproduzione::ricostruisci(const std::shared_ptr<Clip> &cp, int f)
+{
+    Clip &c = *cp;
+    struct Stato {
+        Piazza p;
+        int nascita;
+    };
+    std::map<int, Stato> stato;
+    for (int k = 0; k <= f && k < static_cast<int>(c.seq->fotogrammi.size()); ++k) {
+        for (const Comando &cmd : c.seq->fotogrammi[static_cast<size_t>(k)].comandi) {
+            if (cmd.tipo == Comando::Togli) {
+                stato.erase(cmd.profondita);
+                continue;
+            }
+            const Piazza &p = cmd.piazza;
+            auto it = stato.find(p.profondita);
+            if (p.versione == 1 || !p.sposta) {
+                if (p.haCarattere)
+                    stato[p.profondita] = Stato{p, k};
+                continue;
+            }
+            if (it == stato.end())
+                continue;
+            Piazza &q = it->second.p;
+            if (p.haCarattere) { q.carattere = p.carattere; }
+            if (p.haMatrice) { q.haMatrice = true; q.matrice = p.matrice; }
+            if (p.haColore) { q.haColore = true; q.colore = p.colore; }
+            if (p.haRapporto) { q.haRapporto = true; q.rapporto = p.rapporto; }
+            if (p.haNome) { q.haNome = true; q.nome = p.nome; }
+            if (p.haClip) { q.haClip = true; q.clip = p.clip; }
+            if (p.haFusione) { q.haFusione = true; q.fusione = p.fusione; }
+            if (p.haFiltri) { q.haFiltri = true; q.filtri = p.filtri; }
+            if (p.haCache) { q.haCache = true; q.cache = p.cache; }
+            if (p.haVisibile) { q.haVisibile = true; q.visibile = p.visibile; }
+        }
+    }
+    std::map<int, std::shared_ptr<Istanza>> nuova;
+    for (auto &[prof, s] : stato) {
+        auto vecchia = c.lista.find(prof);
+        if (vecchia != c.lista.end() && vecchia->second->carattere == s.p.carattere &&
+            vecchia->second->nascita == s.nascita) {
+            auto ist = vecchia->second;
+            // properties come back to what the timeline says at that frame
+            ist->matrice = QTransform();
+            ist->colore = ColorTransform();
+            ist->rapporto = 0;
+            ist->fusione = 0;
+            ist->filtri.clear();
+            applicaPiazza(*ist, s.p);
+            nuova[prof] = ist;
+        } else {
+            auto ist = nuovaIstanza(s.p, s.nascita, c.annidamento);
+            if (ist)
+                nuova[prof] = ist;
+        }
+    }
+    c.lista = std::move(nuova);
+    c.corrente = f;
+}
+
+void Riproduzione::vaiA(const std::shared_ptr<Clip> &cp, int f, bool suona)
+{
+    Clip &c = *cp;
+    if (!c.seq)
+        return;
+    c.inRiproduzione = suona;
+    f = std::clamp(f, 0, c.seq->numeroFotogrammi - 1);
+    if (f == c.corrente)
+        return;
+    if (f > c.corrente) {
+        for (int k = c.corrente + 1; k <= f; ++k)
+            eseguiFotogramma(cp, k, k == f);
+    } else {
+        ricostruisci(cp, f);
+        accoda(cp, f);
+    }
+}
+
+void Riproduzione::avanzaAlbero(const std::shared_ptr<Clip> &cp)
+{
+    Clip &c = *cp;
+    if (c.seq && c.inRiproduzione && c.seq->numeroFotogrammi > 1) {
+        int prossimo = c.corrente + 1;
+        if (prossimo >= c.seq->numeroFotogrammi) {
+            ricostruisci(cp, 0);
+            accoda(cp, 0);
+        } else {
+            eseguiFotogramma(cp, prossimo, true);
+        }
+    }
+    // children created during this tick already showed their first frame
+    std::vector<std::shared_ptr<Clip>> figli;
+    for (auto &[k, v] : c.lista)
+        if (v->figli && v->tickNascita != tick)
+            figli.push_back(v->figli);
+    for (auto &v : figli)
+        avanzaAlbero(v);
+}
+
+void Riproduzione::eseguiCoda()
+{
+    int eseguite = 0;
+    while (!coda.empty() && eseguite < kMaxAzioniPerTick) {
+        Azione a = std::move(coda.front());
+        coda.pop_front();
+        ++eseguite;
+        if (auto c = a.clip.lock())
+            eseguiAvm1(*this, c, a.codice);
+    }
+    coda.clear();
+}
+
+void Riproduzione::inizia()
+{
+    coda.clear();
+    tick = 1;
+    radice = std::make_shared<Clip>();
+    // non-owning: the film outlives its clips
+    radice->seq = std::shared_ptr<Sequenza>(std::shared_ptr<Sequenza>(), &film->principale);
+    eseguiFotogramma(radice, 0, true);
+    eseguiCoda();
+}
+
+void Riproduzione::passo()
+{
+    if (!radice)
+        return;
+    ++tick;
+    avanzaAlbero(radice);
+    eseguiCoda();
+}
+
+} // namespace swf

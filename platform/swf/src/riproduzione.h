@@ -1,0 +1,80 @@
+#pragma once
+
+// The live side of a film: clip instances with their display lists, the
+// timeline stepping and the queue of frame scripts.
+
+#include "modello.h"
+
+#include <QImage>
+
+#include <deque>
+
+class QPainter;
+
+namespace swf {
+
+struct Clip;
+
+struct Istanza {
+    uint16_t carattere = 0;
+    Definizione def;
+    int nascita = -1;  // frame whose PlaceObject created it; -1 when made by a script
+    QTransform matrice;
+    ColorTransform colore;
+    int rapporto = 0;
+    int clip = 0;
+    QByteArray nome;
+    int fusione = 0;
+    std::vector<Filtro> filtri;
+    bool cache = false;
+    bool visibile = true;
+    std::shared_ptr<Clip> figli;  // sprites only
+    uint64_t tickNascita = 0;
+};
+
+struct Clip {
+    std::shared_ptr<Sequenza> seq;
+    int corrente = -1;  // 0-based, -1 before the first frame
+    bool inRiproduzione = true;
+    std::map<int, std::shared_ptr<Istanza>> lista;
+    int annidamento = 0;
+};
+
+struct Riproduzione {
+    std::unique_ptr<Film> film;
+    std::shared_ptr<Clip> radice;
+    struct Azione {
+        std::weak_ptr<Clip> clip;
+        QByteArray codice;
+    };
+    std::deque<Azione> coda;
+    uint64_t tick = 0;
+
+    // Back to the state before the first frame, then shows frame 1.
+    void inizia();
+    // One tick: every clip advances, then the queued scripts run.
+    void passo();
+    void vaiA(const std::shared_ptr<Clip> &c, int fotogramma, bool suona);
+    void eseguiCoda();
+
+    // Timeline internals
+    void eseguiFotogramma(const std::shared_ptr<Clip> &c, int f, bool accodaAzioni);
+    void ricostruisci(const std::shared_ptr<Clip> &c, int f);
+    void accoda(const std::shared_ptr<Clip> &c, int f);
+    void avanzaAlbero(const std::shared_ptr<Clip> &c);
+    std::shared_ptr<Istanza> nuovaIstanza(const Piazza &p, int nascita, int annidamento);
+};
+
+void applicaPiazza(Istanza &i, const Piazza &p);
+
+// avm1.cpp
+void eseguiAvm1(Riproduzione &r, const std::shared_ptr<Clip> &clip, const QByteArray &codice);
+
+// disegno.cpp
+struct OpzioniDisegno {
+    bool antialias = true;
+    double scalaScena = 1;  // device pixels per stage pixel
+};
+void disegnaFilm(QImage &dest, const Riproduzione &r, const QTransform &scenaADispositivo, const OpzioniDisegno &o);
+
+} // namespace swf
