@@ -17,8 +17,11 @@ constexpr int LarghezzaProgetto = 7455;
 constexpr int AltezzaProgetto = 6660;
 } // namespace
 
+static void caricaRisorseApp() { Q_INIT_RESOURCE(risorse); }
+
 FormAvvio::FormAvvio() : Form(QStringLiteral("FormAvvio"), LarghezzaProgetto, AltezzaProgetto)
 {
+    caricaRisorseApp();
     setWindowTitle(QStringLiteral("Coppie vivaci"));
     setWindowIcon(QIcon(QStringLiteral(":/app/coppie-vivaci.svg")));
 

@@ -4,9 +4,12 @@
 #include <QIcon>
 #include <QPixmap>
 
+static void caricaRisorsePiattaforma() { Q_INIT_RESOURCE(platform); }
+
 QCursor CursoreGioco()
 {
     static const QCursor cursore = [] {
+        caricaRisorsePiattaforma();
         const QPixmap p = QIcon(QStringLiteral(":/platform/puntatore.svg")).pixmap(QSize(48, 48));
         return p.isNull() ? QCursor(Qt::ArrowCursor) : QCursor(p, 3, 2);
     }();
