@@ -98,6 +98,17 @@ Caso leggiToml(const QString &percorso)
             continue;
         QString chiave = riga.left(uguale).trimmed();
         QString valore = riga.mid(uguale + 1).trimmed();
+        if (chiave.startsWith("image_comparisons.")) {
+            // dotted form: image_comparisons."name".trigger = 1
+            QString resto = chiave.mid(QString("image_comparisons.").size());
+            int punto = resto.lastIndexOf('.');
+            QString nome = senzaVirgolette(resto.left(punto));
+            QString sotto = resto.mid(punto + 1);
+            Confronto &cf = confronto(nome);
+            if (sotto == "trigger")
+                cf.innesco = valore.toInt();
+            continue;
+        }
         if (sezione.isEmpty() || sezione == "#player_options" ) {
             if (chiave == "num_frames" || chiave == "num_ticks")
                 c.passi = valore.toInt();

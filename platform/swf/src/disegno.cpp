@@ -7,6 +7,8 @@
 #include <QPainter>
 
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 
 namespace swf {
 
@@ -168,6 +170,7 @@ void traccia(QPainter &p, const QPainterPath &percorso, const Tratto &t, const Q
     if (t.giunzione == 2)
         pen.setMiterLimit(std::max(1.0, t.miter));
     const double scala = scalaDi(m);
+    if (getenv("SWFDBG")) fprintf(stderr, "stroke w=%d noH=%d noV=%d scale=%f m=%f %f %f %f\n", t.larghezza, t.noHScale, t.noVScale, scala, m.m11(), m.m12(), m.m21(), m.m22());
     double larghezzaDisp = (t.noHScale || t.noVScale) ? t.larghezza / 20.0 * ctx.opz.scalaScena : t.larghezza * scala;
     if (larghezzaDisp < 1.0) {
         // hairlines and thin strokes are drawn one device pixel wide
@@ -390,14 +393,31 @@ void componi(QPainter &p, const QImage &strato, int modo, const Ctx &ctx)
     case 6: cm = QPainter::CompositionMode_Darken; break;
     case 7: cm = QPainter::CompositionMode_Difference; break;
     case 8: cm = QPainter::CompositionMode_Plus; break;
-    case 11: cm = ctx.inStrato ? QPainter::CompositionMode_DestinationIn : QPainter::CompositionMode_SourceOver; break;
     case 12: cm = ctx.inStrato ? QPainter::CompositionMode_DestinationOut : QPainter::CompositionMode_SourceOver; break;
     case 13: cm = QPainter::CompositionMode_Overlay; break;
     case 14: cm = QPainter::CompositionMode_HardLight; break;
     default: break;
     }
     auto *dest = dynamic_cast<QImage *>(p.device());
-    if ((modo == 9 || modo == 10) && dest) {
+    if (modo == 11 && dest) {
+        // alpha: only where the object drew does it cut into the layer
+        QImage ris = dest->copy();
+        for (int y = 0; y < ris.height() && y < strato.height(); ++y) {
+            auto *d = reinterpret_cast<uint32_t *>(ris.scanLine(y));
+            auto *s = reinterpret_cast<const uint32_t *>(strato.constScanLine(y));
+            for (int x = 0; x < ris.width() && x < strato.width(); ++x) {
+                uint32_t sa = s[x] >> 24;
+                if (sa == 0 || sa == 255)
+                    continue;
+                uint32_t v = 0;
+                for (int ch = 0; ch < 4; ++ch)
+                    v |= ((((d[x] >> (8 * ch)) & 0xff) * sa / 255) << (8 * ch));
+                d[x] = v;
+            }
+        }
+        p.setCompositionMode(QPainter::CompositionMode_Source);
+        p.drawImage(0, 0, ris);
+    } else if ((modo == 9 || modo == 10) && dest) {
         // subtract and invert have no Qt mode: compute the result, then copy it through the clip
         QImage ris = dest->copy();
         for (int y = 0; y < ris.height() && y < strato.height(); ++y) {
@@ -411,9 +431,9 @@ void componi(QPainter &p, const QImage &strato, int modo, const Ctx &ctx)
                 uint32_t da = d[x] >> 24;
                 for (int ch = 0; ch < 3; ++ch) {
                     int dc = (d[x] >> (8 * ch)) & 0xff, sc = (s[x] >> (8 * ch)) & 0xff;
-                    int r = modo == 9 ? std::max(0, dc - sc) : static_cast<int>(da) - dc;
-                    // weight by the layer's coverage
-                    int mix = (r * static_cast<int>(sa) + dc * (255 - static_cast<int>(sa))) / 255;
+                    // the layer is premultiplied: subtracting it already weighs by coverage
+                    int mix = modo == 9 ? std::max(0, dc - sc)
+                                        : ((static_cast<int>(da) - dc) * static_cast<int>(sa) + dc * (255 - static_cast<int>(sa))) / 255;
                     v |= static_cast<uint32_t>(std::clamp(mix, 0, 255)) << (8 * ch);
                 }
                 d[x] = v | (da << 24);

@@ -1,4 +1,6 @@
 // Timeline stepping: display-list commands, looping, gotos and the script queue.
+#include <cstdio>
+#include <cstdlib>
 
 #include "riproduzione.h"
 
@@ -68,7 +70,10 @@ void Riproduzione::eseguiFotogramma(const std::shared_ptr<Clip> &cp, int f, bool
         return;
     // keep the sequence alive even if a nested call replaces c.seq
     std::shared_ptr<Sequenza> seq = c.seq;
-    c.corrente = f;
+    c.corrente = f; if (getenv("SWFDBG")) fprintf(stderr, "frame %d of %p cmds %zu\n", f, (void*)&c, seq->fotogrammi[size_t(f)].comandi.size());
+    // a frame's own scripts run before those of the clips it creates
+    if (accodaAzioni)
+        accoda(cp, f);
     for (const Comando &cmd : seq->fotogrammi[static_cast<size_t>(f)].comandi) {
         if (cmd.tipo == Comando::Togli) {
             c.lista.erase(cmd.profondita);
@@ -111,8 +116,6 @@ void Riproduzione::eseguiFotogramma(const std::shared_ptr<Clip> &cp, int f, bool
         }
         applicaPiazza(ist, p);
     }
-    if (accodaAzioni)
-        accoda(cp, f);
 }
 
 void Riproduzione::ricostruisci(const std::shared_ptr<Clip> &cp, int f)
@@ -180,7 +183,7 @@ void Riproduzione::vaiA(const std::shared_ptr<Clip> &cp, int f, bool suona)
     Clip &c = *cp;
     if (!c.seq)
         return;
-    c.inRiproduzione = suona;
+    c.inRiproduzione = suona; if (getenv("SWFDBG")) fprintf(stderr, "vaiA %d -> %d play=%d\n", c.corrente, f, suona);
     f = std::clamp(f, 0, c.seq->numeroFotogrammi - 1);
     if (f == c.corrente)
         return;
@@ -188,8 +191,8 @@ void Riproduzione::vaiA(const std::shared_ptr<Clip> &cp, int f, bool suona)
         for (int k = c.corrente + 1; k <= f; ++k)
             eseguiFotogramma(cp, k, k == f);
     } else {
-        ricostruisci(cp, f);
         accoda(cp, f);
+        ricostruisci(cp, f);
     }
 }
 
@@ -199,8 +202,8 @@ void Riproduzione::avanzaAlbero(const std::shared_ptr<Clip> &cp)
     if (c.seq && c.inRiproduzione && c.seq->numeroFotogrammi > 1) {
         int prossimo = c.corrente + 1;
         if (prossimo >= c.seq->numeroFotogrammi) {
-            ricostruisci(cp, 0);
             accoda(cp, 0);
+            ricostruisci(cp, 0);
         } else {
             eseguiFotogramma(cp, prossimo, true);
         }
