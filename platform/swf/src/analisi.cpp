@@ -15,7 +15,7 @@ enum Codice : uint16_t {
     RemoveObject2 = 28, DefineShape3 = 32, DefineText2 = 33, DefineBitsJPEG3 = 35,
     DefineBitsLossless2 = 36, DefineSprite = 39, FrameLabel = 43, DefineMorphShape = 46,
     DefineFont2 = 48, PlaceObject3 = 70, DefineFont3 = 75, DefineShape4 = 83,
-    DefineMorphShape2 = 84, DefineBitsJPEG4 = 90,
+    DefineMorphShape2 = 84, DefineBitsJPEG4 = 90, DefineEditText = 37,
 };
 
 struct Contesto {
@@ -262,6 +262,14 @@ void leggiDefinizione(Lettore &t, int codice, Contesto &ctx, int annidamento)
             return;
         def.tipo = Definizione::TestoT;
         def.testo = tx;
+        break;
+    }
+    case DefineEditText: {
+        auto c = std::make_shared<CampoTesto>();
+        if (!leggiCampoTesto(t, ctx.versione, *c))
+            return;
+        def.tipo = Definizione::CampoT;
+        def.campo = c;
         break;
     }
     case DefineSprite: {

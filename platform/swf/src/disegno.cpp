@@ -4,11 +4,11 @@
 
 #include "riproduzione.h"
 
+#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QPainter>
 
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 
 namespace swf {
 
@@ -170,7 +170,6 @@ void traccia(QPainter &p, const QPainterPath &percorso, const Tratto &t, const Q
     if (t.giunzione == 2)
         pen.setMiterLimit(std::max(1.0, t.miter));
     const double scala = scalaDi(m);
-    if (getenv("SWFDBG")) fprintf(stderr, "stroke w=%d noH=%d noV=%d scale=%f m=%f %f %f %f\n", t.larghezza, t.noHScale, t.noVScale, scala, m.m11(), m.m12(), m.m21(), m.m22());
     double larghezzaDisp = (t.noHScale || t.noVScale) ? t.larghezza / 20.0 * ctx.opz.scalaScena : t.larghezza * scala;
     if (larghezzaDisp < 1.0) {
         // hairlines and thin strokes are drawn one device pixel wide
@@ -448,6 +447,37 @@ void componi(QPainter &p, const QImage &strato, int modo, const Ctx &ctx)
     p.restore();
 }
 
+void disegnaCampo(QPainter &p, const CampoTesto &c, const QTransform &m, const ColorTransform &cx, const Ctx &ctx)
+{
+    p.setTransform(m);
+    if (c.bordo) {
+        QPen pen(cx.applica(Rgba{0, 0, 0, 255}));
+        pen.setCosmetic(true);
+        pen.setWidthF(1);
+        p.setPen(pen);
+        p.setBrush(cx.applica(Rgba{255, 255, 255, 255}));
+        p.drawRect(c.limiti);
+        p.setPen(Qt::NoPen);
+        p.setBrush(Qt::NoBrush);
+    }
+    // system fonts need a GUI application; without one (tools, fuzzing) only the box is drawn
+    if (c.testo.isEmpty() || !qobject_cast<QGuiApplication *>(QCoreApplication::instance()))
+        return;
+    QFont f(QStringLiteral("Sans Serif"));
+    auto it = ctx.film.definizioni.find(c.font);
+    if (it != ctx.film.definizioni.end() && it->second.carattere) {
+        f.setBold(it->second.carattere->grassetto);
+        f.setItalic(it->second.carattere->corsivo);
+    }
+    f.setPixelSize(std::max(1, static_cast<int>(c.altezza)));
+    p.setFont(f);
+    p.setPen(cx.applica(c.colore));
+    QRectF area = c.limiti.adjusted(40 + c.margineSx, 40, -40 - c.margineDx, -40);
+    int al = c.allinea == 1 ? Qt::AlignRight : c.allinea == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
+    p.drawText(area, al | Qt::AlignTop | (c.aCapo ? Qt::TextWordWrap : 0), c.testo);
+    p.setPen(Qt::NoPen);
+}
+
 void disegnaContenuto(QPainter &p, const Istanza &i, const QTransform &m, const ColorTransform &cx, Ctx &ctx)
 {
     switch (i.def.tipo) {
@@ -475,6 +505,9 @@ void disegnaContenuto(QPainter &p, const Istanza &i, const QTransform &m, const 
     case Definizione::SpriteT:
         if (i.figli)
             disegnaClip(p, *i.figli, m, cx, ctx);
+        break;
+    case Definizione::CampoT:
+        disegnaCampo(p, *i.def.campo, m, cx, ctx);
         break;
     default:
         break;
@@ -507,9 +540,14 @@ void disegnaIstanza(QPainter &p, const Istanza &i, const QTransform &genitore, c
         Ctx figlio = ctx;
         figlio.inStrato = modo == 2 || (ctx.inStrato && modo == 0);
         figlio.annidamento = ctx.annidamento + 1;
-        disegnaContenuto(q, i, m, cx, figlio);
+        // with filters the colour transform applies to the filtered picture
+        disegnaContenuto(q, i, m, i.filtri.empty() ? cx : ColorTransform{}, figlio);
     }
-    applicaFiltri(strato, i.filtri, ctx);
+    if (!i.filtri.empty()) {
+        applicaFiltri(strato, i.filtri, ctx);
+        if (!cx.identita())
+            strato = immagineTrasformata(strato, cx);
+    }
     componi(p, strato, modo, ctx);
 }
 

@@ -666,7 +666,16 @@ bool leggiCarattere(Lettore &r, int versione, Carattere &c)
     }
     uint8_t flags = r.u8();
     r.u8();  // language
-    r.salta(r.u8());
+    c.grassetto = flags & 0x01;
+    c.corsivo = flags & 0x02;
+    {
+        int ln = r.u8();
+        if (static_cast<size_t>(ln) <= r.restanti())
+            c.nome = QByteArray(reinterpret_cast<const char *>(r.qui()), ln);
+        r.salta(static_cast<size_t>(ln));
+        while (c.nome.endsWith('\0'))
+            c.nome.chop(1);
+    }
     size_t n = r.u16();
     const bool larghi = flags & 0x08;
     const size_t base = r.pos();
@@ -731,6 +740,58 @@ bool leggiTesto(Lettore &r, int versione, Testo &t)
         t.voci.push_back(std::move(v));
     }
     return true;
+}
+
+bool leggiCampoTesto(Lettore &r, int versioneSwf, CampoTesto &c)
+{
+    r.allinea();
+    int nb = static_cast<int>(r.ub(5));
+    double x0 = r.sb(nb), x1 = r.sb(nb), y0 = r.sb(nb), y1 = r.sb(nb);
+    c.limiti = QRectF(QPointF(x0, y0), QPointF(x1, y1));
+    uint8_t f1 = r.u8(), f2 = r.u8();
+    c.aCapo = f1 & 0x40;
+    c.multilinea = f1 & 0x20;
+    c.bordo = f2 & 0x08;
+    c.html = f2 & 0x02;
+    if (f1 & 0x01)
+        c.font = r.u16();
+    if (f2 & 0x80)
+        r.stringa();
+    if ((f1 & 0x01) || (f2 & 0x80))
+        c.altezza = r.u16();
+    if (f1 & 0x04) {
+        c.haColore = true;
+        c.colore = leggiColore(r, true);
+    }
+    if (f1 & 0x02)
+        r.u16();
+    if (f2 & 0x20) {
+        c.allinea = r.u8();
+        c.margineSx = r.u16();
+        c.margineDx = r.u16();
+        r.u16();
+        r.s16();
+    }
+    r.stringa();
+    if (f1 & 0x80) {
+        QByteArray t = r.stringa();
+        c.testo = versioneSwf >= 6 ? QString::fromUtf8(t) : QString::fromLatin1(t);
+        if (c.html) {
+            c.testo.replace(QLatin1String("<br>"), QLatin1String("\n"), Qt::CaseInsensitive);
+            c.testo.replace(QLatin1String("</p>"), QLatin1String("\n"), Qt::CaseInsensitive);
+            QString semplice;
+            bool inTag = false;
+            for (QChar ch : c.testo) {
+                if (ch == '<') inTag = true;
+                else if (ch == '>') inTag = false;
+                else if (!inTag) semplice += ch;
+            }
+            semplice.replace(QLatin1String("&lt;"), QLatin1String("<")).replace(QLatin1String("&gt;"), QLatin1String(">"))
+                .replace(QLatin1String("&quot;"), QLatin1String("\"")).replace(QLatin1String("&amp;"), QLatin1String("&"));
+            c.testo = semplice.trimmed();
+        }
+    }
+    return r.ok() || !c.limiti.isEmpty();
 }
 
 } // namespace swf

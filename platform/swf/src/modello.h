@@ -133,6 +133,21 @@ struct Glifo {
 struct Carattere {
     std::vector<Glifo> glifi;
     double unitaEm = 1024;
+    QByteArray nome;
+    bool grassetto = false, corsivo = false;
+};
+
+// A dynamic or input text field, drawn with a system font.
+struct CampoTesto {
+    QRectF limiti;
+    uint16_t font = 0;
+    double altezza = 240;
+    bool haColore = false;
+    Rgba colore{0, 0, 0, 255};
+    bool bordo = false, html = false, multilinea = false, aCapo = false;
+    int allinea = 0;
+    double margineSx = 0, margineDx = 0;
+    QString testo;
 };
 
 struct VoceTesto {
@@ -201,13 +216,14 @@ struct Sequenza {
 };
 
 struct Definizione {
-    enum Tipo { FormaT, MorphT, BitmapT, TestoT, SpriteT, CarattereT, BottoneT } tipo = FormaT;
+    enum Tipo { FormaT, MorphT, BitmapT, TestoT, SpriteT, CarattereT, BottoneT, CampoT } tipo = FormaT;
     std::shared_ptr<Forma> forma;
     std::shared_ptr<Morph> morph;
     std::shared_ptr<ImmagineBitmap> bitmap;
     std::shared_ptr<Testo> testo;
     std::shared_ptr<Sequenza> sprite;
     std::shared_ptr<Carattere> carattere;
+    std::shared_ptr<CampoTesto> campo;
 };
 
 struct Film {
@@ -232,6 +248,7 @@ void costruisciForma(const std::vector<Record> &record, std::vector<StratoForma>
 std::shared_ptr<Forma> formaMorph(Morph &m, int rapporto);
 bool leggiCarattere(Lettore &r, int versione, Carattere &c);
 bool leggiTesto(Lettore &r, int versione, Testo &t);
+bool leggiCampoTesto(Lettore &r, int versioneSwf, CampoTesto &c);
 const QPainterPath &contornoForma(Forma &f);
 // immagini.cpp
 const QImage &decodificaBitmap(ImmagineBitmap &b, const QByteArray &tabelle);

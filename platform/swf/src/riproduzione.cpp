@@ -1,6 +1,4 @@
 // Timeline stepping: display-list commands, looping, gotos and the script queue.
-#include <cstdio>
-#include <cstdlib>
 
 #include "riproduzione.h"
 
@@ -70,7 +68,7 @@ void Riproduzione::eseguiFotogramma(const std::shared_ptr<Clip> &cp, int f, bool
         return;
     // keep the sequence alive even if a nested call replaces c.seq
     std::shared_ptr<Sequenza> seq = c.seq;
-    c.corrente = f; if (getenv("SWFDBG")) fprintf(stderr, "frame %d of %p cmds %zu\n", f, (void*)&c, seq->fotogrammi[size_t(f)].comandi.size());
+    c.corrente = f;
     // a frame's own scripts run before those of the clips it creates
     if (accodaAzioni)
         accoda(cp, f);
@@ -183,7 +181,7 @@ void Riproduzione::vaiA(const std::shared_ptr<Clip> &cp, int f, bool suona)
     Clip &c = *cp;
     if (!c.seq)
         return;
-    c.inRiproduzione = suona; if (getenv("SWFDBG")) fprintf(stderr, "vaiA %d -> %d play=%d\n", c.corrente, f, suona);
+    c.inRiproduzione = suona;
     f = std::clamp(f, 0, c.seq->numeroFotogrammi - 1);
     if (f == c.corrente)
         return;
