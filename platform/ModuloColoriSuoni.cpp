@@ -37,6 +37,8 @@ public:
         player->play();
     }
 
+    QString sorgente() const { return player ? player->source().toLocalFile() : QString(); }
+
 private:
     std::unique_ptr<QMediaPlayer> player;
     std::unique_ptr<QAudioOutput> uscita;
@@ -45,12 +47,18 @@ private:
 CanaleSuoni *canaleDiProva = nullptr;
 std::function<bool()> suoniAttivi = [] { return true; };
 
+CanaleMultimedia &canaleReale()
+{
+    // Never destroyed: the player must not outlive the application object.
+    static auto *reale = new CanaleMultimedia;
+    return *reale;
+}
+
 CanaleSuoni &canale()
 {
     if (canaleDiProva)
         return *canaleDiProva;
-    static CanaleMultimedia reale;
-    return reale;
+    return canaleReale();
 }
 
 void suonaFisso(const char *nome)
@@ -63,6 +71,8 @@ void suonaFisso(const char *nome)
 
 void ImpostaCanaleSuoni(CanaleSuoni *c) { canaleDiProva = c; }
 void ImpostaLetturaSuoni(std::function<bool()> f) { suoniAttivi = std::move(f); }
+
+QString SorgenteSuonoInCorso() { return canaleReale().sorgente(); }
 
 void SuonaFile(const QString &percorso) { canale().suona(PercorsoLocale(percorso)); }
 

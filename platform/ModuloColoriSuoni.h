@@ -29,6 +29,9 @@ public:
 };
 void ImpostaCanaleSuoni(CanaleSuoni *canale); // nullptr goes back to the real player
 
+// The file the real player holds now, empty when silent; for tests.
+QString SorgenteSuonoInCorso();
+
 // Whether the fixed sounds play: the profile's Suoni field, read through this
 // so that the platform does not depend on the profile.
 void ImpostaLetturaSuoni(std::function<bool()> suoniAttivi);

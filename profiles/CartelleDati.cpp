@@ -16,6 +16,13 @@
 
 namespace {
 QString cartellaSistemaDiProva;
+std::function<void(const QString &)> diario;
+
+void annota(const QString &evento)
+{
+    if (diario)
+        diario(evento);
+}
 
 QString chiudiConBarra(QString p)
 {
@@ -32,6 +39,7 @@ void registraFont(const QString &percorso)
 } // namespace
 
 void ImpostaCartellaSistemaPerProve(const QString &cartella) { cartellaSistemaDiProva = cartella; }
+void ImpostaDiarioPerProve(std::function<void(const QString &)> d) { diario = std::move(d); }
 
 bool FileEsiste(const QString &percorso)
 {
@@ -52,6 +60,7 @@ bool CartellaEsiste(const QString &percorso)
 void CreaCartella(const QString &percorso)
 {
     const QString locale = PercorsoLocale(percorso);
+    annota(QStringLiteral("cartella ") + percorso);
     if (!QDir().mkdir(locale) && !QFileInfo(locale).isDir())
         ErroreFatale(TestoErrore(QStringLiteral("0101"), QStringLiteral("Non riesco a creare la cartella:")) + u'\n'
                      + locale);
@@ -156,6 +165,7 @@ void ImportaMemoryPronti()
             // Each step is passed over when it fails; the deletion follows all the same.
             if (QFileInfo(a).isFile())
                 QFile::remove(a);
+            annota(QStringLiteral("copia ") + QString::fromLatin1(p.sorgente) + nome);
             QFile::copy(da, a);
             if (cancella)
                 QFile::remove(da);

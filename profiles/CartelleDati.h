@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <functional>
+
 // The game's folder tree, written the Windows way and mapped to the platform.
 namespace Cartelle {
 inline const QString Radice = QStringLiteral("C:\\ImpostazioniProgrammiLorea\\");
@@ -22,6 +24,9 @@ void ImportaMemoryPronti();
 // The cursive font, when it lies in the fonts folder, is made known to this
 // process; on a first run InstallaFont does it.
 void RegistraFontCorsivo();
+
+// Tests follow the folders made and the files copied, in their order.
+void ImpostaDiarioPerProve(std::function<void(const QString &)> diario);
 
 // Where the platform keeps the user's fonts: a test can point it elsewhere.
 void ImpostaCartellaSistemaPerProve(const QString &cartella);
