@@ -1,0 +1,211 @@
+#pragma once
+
+// Builds small SWF files byte by byte for the tests.
+
+#include <QByteArray>
+
+#include <lzma.h>
+#include <zlib.h>
+
+#include <cstdint>
+#include <vector>
+
+namespace swftest {
+
+class Bit {
+public:
+    void ub(uint32_t v, int n)
+    {
+        for (int i = n - 1; i >= 0; --i) {
+            acc_ = static_cast<uint8_t>((acc_ << 1) | ((v >> i) & 1));
+            if (++n_ == 8) {
+                out.append(static_cast<char>(acc_));
+                acc_ = 0;
+                n_ = 0;
+            }
+        }
+    }
+    void sb(int32_t v, int n) { ub(static_cast<uint32_t>(v) & (n == 32 ? 0xffffffffu : ((1u << n) - 1)), n); }
+    void allinea()
+    {
+        if (n_ > 0)
+            ub(0, 8 - n_);
+    }
+    void u8(int v) { allinea(); out.append(static_cast<char>(v)); }
+    void u16(int v) { u8(v & 0xff); u8((v >> 8) & 0xff); }
+    void u32(uint32_t v) { u16(static_cast<int>(v & 0xffff)); u16(static_cast<int>(v >> 16)); }
+    void stringa(const QByteArray &s) { allinea(); out.append(s); out.append('\0'); }
+    QByteArray fine() { allinea(); return out; }
+    QByteArray out;
+
+private:
+    uint8_t acc_ = 0;
+    int n_ = 0;
+};
+
+inline int bitPer(int32_t v)
+{
+    int n = 1;
+    while (n < 32 && (v < -(1 << (n - 1)) || v >= (1 << (n - 1))))
+        ++n;
+    return n;
+}
+
+inline void rect(Bit &b, int x0, int x1, int y0, int y1)
+{
+    int n = std::max({bitPer(x0), bitPer(x1), bitPer(y0), bitPer(y1)});
+    b.ub(static_cast<uint32_t>(n), 5);
+    b.sb(x0, n); b.sb(x1, n); b.sb(y0, n); b.sb(y1, n);
+    b.allinea();
+}
+
+// translation only, in twips
+inline void matrice(Bit &b, int tx, int ty, double sx = 1, double sy = 1)
+{
+    b.allinea();
+    if (sx != 1 || sy != 1) {
+        b.ub(1, 1);
+        int32_t a = static_cast<int32_t>(sx * 65536), d = static_cast<int32_t>(sy * 65536);
+        int n = std::max(bitPer(a), bitPer(d));
+        b.ub(static_cast<uint32_t>(n), 5);
+        b.sb(a, n); b.sb(d, n);
+    } else {
+        b.ub(0, 1);
+    }
+    b.ub(0, 1);
+    int n = std::max(bitPer(tx), bitPer(ty));
+    b.ub(static_cast<uint32_t>(n), 5);
+    b.sb(tx, n); b.sb(ty, n);
+    b.allinea();
+}
+
+inline QByteArray tag(int codice, const QByteArray &corpo, bool lungo = false)
+{
+    Bit b;
+    if (corpo.size() < 0x3f && !lungo) {
+        b.u16((codice << 6) | static_cast<int>(corpo.size()));
+    } else {
+        b.u16((codice << 6) | 0x3f);
+        b.u32(static_cast<uint32_t>(corpo.size()));
+    }
+    return b.fine() + corpo;
+}
+
+// DefineShape3 with one solid rectangle (twips), fill style 1 on the inside.
+inline QByteArray rettangolo(int id, int x0, int y0, int x1, int y1, uint32_t rgba)
+{
+    Bit b;
+    b.u16(id);
+    rect(b, x0, x1, y0, y1);
+    b.u8(1);     // one fill style
+    b.u8(0x00);  // solid
+    b.u8(rgba >> 24); b.u8((rgba >> 16) & 0xff); b.u8((rgba >> 8) & 0xff); b.u8(rgba & 0xff);
+    b.u8(0);     // no line styles
+    b.ub(1, 4);  // fill bits
+    b.ub(0, 4);  // line bits
+    // style change: move to (x0,y0), fill1 = 1
+    b.ub(0, 1);
+    b.ub(0b00101, 5);
+    int n = std::max(bitPer(x0), bitPer(y0));
+    b.ub(static_cast<uint32_t>(n), 5);
+    b.sb(x0, n); b.sb(y0, n);
+    b.ub(1, 1);
+    auto retta = [&](int dx, int dy) {
+        b.ub(1, 1); b.ub(1, 1);
+        int nb = std::max({bitPer(dx), bitPer(dy), 2});
+        b.ub(static_cast<uint32_t>(nb - 2), 4);
+        b.ub(1, 1);  // general line
+        b.sb(dx, nb); b.sb(dy, nb);
+    };
+    retta(x1 - x0, 0);
+    retta(0, y1 - y0);
+    retta(x0 - x1, 0);
+    retta(0, y0 - y1);
+    b.ub(0, 6);  // end
+    return tag(32, b.fine());
+}
+
+inline QByteArray piazza(int profondita, int carattere, int tx = 0, int ty = 0, int clip = 0, const QByteArray &nome = {})
+{
+    Bit b;
+    int flags = 0x04 | (carattere ? 0x02 : 0x01) | (clip ? 0x40 : 0) | (nome.isEmpty() ? 0 : 0x20);
+    b.u8(flags);
+    b.u16(profondita);
+    if (carattere)
+        b.u16(carattere);
+    matrice(b, tx, ty);
+    if (!nome.isEmpty())
+        b.stringa(nome);
+    if (clip)
+        b.u16(clip);
+    return tag(26, b.fine());
+}
+
+inline QByteArray mostra() { return tag(1, {}); }
+inline QByteArray sfondo(int r, int g, int bl)
+{
+    QByteArray c;
+    c.append(static_cast<char>(r)); c.append(static_cast<char>(g)); c.append(static_cast<char>(bl));
+    return tag(9, c);
+}
+inline QByteArray azione(const QByteArray &codice) { return tag(12, codice + QByteArray(1, '\0')); }
+inline QByteArray etichetta(const QByteArray &nome) { Bit b; b.stringa(nome); return tag(43, b.fine()); }
+inline QByteArray sprite(int id, int fotogrammi, const QByteArray &tags)
+{
+    Bit b;
+    b.u16(id);
+    b.u16(fotogrammi);
+    return tag(39, b.fine() + tags + tag(0, {}));
+}
+
+// Whole uncompressed file.
+inline QByteArray film(const QByteArray &tags, int fotogrammi, int larghezza = 100, int altezza = 100, int versione = 10)
+{
+    Bit corpo;
+    rect(corpo, 0, larghezza * 20, 0, altezza * 20);
+    corpo.u16(24 << 8);
+    corpo.u16(fotogrammi);
+    QByteArray c = corpo.fine() + tags + tag(0, {});
+    Bit h;
+    h.u8('F'); h.u8('W'); h.u8('S'); h.u8(versione);
+    h.u32(static_cast<uint32_t>(c.size() + 8));
+    return h.fine() + c;
+}
+
+inline QByteArray comprimiCws(const QByteArray &fws)
+{
+    uLongf n = compressBound(static_cast<uLong>(fws.size()));
+    QByteArray z(static_cast<qsizetype>(n), '\0');
+    compress2(reinterpret_cast<Bytef *>(z.data()), &n, reinterpret_cast<const Bytef *>(fws.constData() + 8),
+              static_cast<uLong>(fws.size() - 8), 9);
+    z.resize(static_cast<qsizetype>(n));
+    QByteArray out = fws.left(8);
+    out[0] = 'C';
+    return out + z;
+}
+
+inline QByteArray comprimiZws(const QByteArray &fws)
+{
+    lzma_options_lzma opt;
+    lzma_lzma_preset(&opt, 6);
+    lzma_stream s = LZMA_STREAM_INIT;
+    lzma_alone_encoder(&s, &opt);
+    QByteArray out(fws.size() * 2 + 1024, '\0');
+    s.next_in = reinterpret_cast<const uint8_t *>(fws.constData() + 8);
+    s.avail_in = static_cast<size_t>(fws.size() - 8);
+    s.next_out = reinterpret_cast<uint8_t *>(out.data());
+    s.avail_out = static_cast<size_t>(out.size());
+    while (lzma_code(&s, LZMA_FINISH) == LZMA_OK) {
+    }
+    out.resize(static_cast<qsizetype>(s.total_out));
+    lzma_end(&s);
+    // .lzma: 5 bytes properties, 8 bytes size, data -> ZWS: compressed length, properties, data
+    QByteArray dati = out.mid(13);
+    Bit h;
+    h.u8('Z'); h.u8('W'); h.u8('S'); h.u8(13);
+    h.u32(static_cast<uint32_t>(fws.size()));
+    h.u32(static_cast<uint32_t>(dati.size()));
+    return h.fine() + out.left(5) + dati;
+}
+
+} // namespace swftest

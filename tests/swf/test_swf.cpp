@@ -1,0 +1,379 @@
+#include "costruttore.h"
+
+#include "lettore.h"
+#include "modello.h"
+#include "swf/filmato.h"
+
+#include <QPainter>
+#include <QRandomGenerator>
+#include <QTest>
+
+using namespace swftest;
+
+namespace {
+
+QRgb pixel(const swf::Filmato &f, int x, int y)
+{
+    return f.immagine(f.dimensioneScena(), false).pixel(x, y);
+}
+
+// ConstantPool-free AVM1 helpers
+QByteArray stop() { return QByteArray(1, '\x07'); }
+QByteArray gotoLabel(const QByteArray &l)
+{
+    Bit b;
+    b.u8(0x8C);
+    b.u16(static_cast<int>(l.size() + 1));
+    b.stringa(l);
+    return b.fine();
+}
+QByteArray gotoFrame(int f)
+{
+    Bit b;
+    b.u8(0x81);
+    b.u16(2);
+    b.u16(f);
+    return b.fine();
+}
+
+// three frames, a red square that moves right by 10 px each frame
+QByteArray treFotogrammi(const QByteArray &azione2 = {})
+{
+    QByteArray t = sfondo(255, 255, 255) + rettangolo(1, 0, 0, 200, 200, 0xff0000ff);
+    t += piazza(1, 1, 0, 0) + mostra();
+    t += etichetta("due");
+    if (!azione2.isEmpty())
+        t += azione(azione2);
+    Bit m;
+    m.u8(0x05); m.u16(1); matrice(m, 200, 0);
+    t += tag(26, m.fine()) + mostra();
+    Bit m2;
+    m2.u8(0x05); m2.u16(1); matrice(m2, 400, 0);
+    t += tag(26, m2.fine()) + mostra();
+    return film(t, 3);
+}
+
+bool rosso(QRgb c) { return qRed(c) > 200 && qGreen(c) < 50 && qBlue(c) < 50; }
+
+} // namespace
+
+class TestSwf : public QObject {
+    Q_OBJECT
+private slots:
+    void bitReaderReadsUnsignedAndSignedFieldsMsbFirst()
+    {
+        const uint8_t d[] = {0b10110011, 0b11110000};
+        swf::Lettore r(d, 2);
+        QCOMPARE(r.ub(3), 0b101u);
+        QCOMPARE(r.sb(5), -13);  // 10011
+        QCOMPARE(r.ub(4), 0b1111u);
+        QVERIFY(r.ok());
+    }
+
+    void bitReaderByteReadRealignsAfterBits()
+    {
+        const uint8_t d[] = {0xff, 0x34, 0x12};
+        swf::Lettore r(d, 3);
+        r.ub(3);
+        QCOMPARE(r.u16(), 0x1234);
+        QVERIFY(r.ok());
+    }
+
+    void bitReaderPastEndReturnsZeroAndFlagsError()
+    {
+        const uint8_t d[] = {0xff};
+        swf::Lettore r(d, 1);
+        QCOMPARE(r.u8(), 0xff);
+        QVERIFY(r.ok());
+        QCOMPARE(r.u32(), 0u);
+        QVERIFY(!r.ok());
+        swf::Lettore r2(d, 1);
+        QCOMPARE(r2.ub(12), 0u);
+        QVERIFY(!r2.ok());
+    }
+
+    void bitReaderRejectsFieldsWiderThan32Bits()
+    {
+        const uint8_t d[8] = {};
+        swf::Lettore r(d, 8);
+        r.ub(40);
+        QVERIFY(!r.ok());
+    }
+
+    void matrixRecordRoundTripsScaleAndTranslation()
+    {
+        Bit b;
+        matrice(b, -300, 4000, 2.5, 0.5);
+        QByteArray dati = b.fine();
+        swf::Lettore r(reinterpret_cast<const uint8_t *>(dati.constData()), static_cast<size_t>(dati.size()));
+        QTransform m = swf::leggiMatrice(r);
+        QVERIFY(r.ok());
+        QCOMPARE(m.m11(), 2.5);
+        QCOMPARE(m.m22(), 0.5);
+        QCOMPARE(m.dx(), -300.0);
+        QCOMPARE(m.dy(), 4000.0);
+    }
+
+    void uncompressedZlibAndLzmaFilesGiveTheSameFilm()
+    {
+        const QByteArray fws = treFotogrammi();
+        for (const QByteArray &file : {fws, comprimiCws(fws), comprimiZws(fws)}) {
+            swf::Filmato f;
+            QVERIFY2(f.caricaDati(file), file.left(3).constData());
+            QCOMPARE(f.dimensioneScena(), QSize(100, 100));
+            QCOMPARE(f.numeroFotogrammi(), 3);
+            QCOMPARE(f.fotogrammiAlSecondo(), 24.0);
+            QVERIFY(rosso(pixel(f, 5, 5)));
+        }
+    }
+
+    void decompressionStopsAtTheSizeCap()
+    {
+        QByteArray grande(1 << 20, 'x');
+        QByteArray fws = QByteArray("FWS\x0a", 4) + QByteArray(4, '\0') + grande;
+        QByteArray cws = comprimiCws(fws);
+        swf::Intestazione h;
+        QByteArray corpo;
+        QVERIFY(!swf::decomprimi(cws, h, corpo, 64 * 1024));
+        QVERIFY(corpo.isEmpty());
+        QVERIFY(swf::decomprimi(cws, h, corpo, 2 << 20));
+        QCOMPARE(corpo.size(), grande.size());
+    }
+
+    void lzmaFileDeclaringMoreThan64MBIsRejected()
+    {
+        QByteArray zws = comprimiZws(treFotogrammi());
+        // declared uncompressed length: 100 MB
+        const uint32_t falso = 100u << 20;
+        for (int i = 0; i < 4; ++i)
+            zws[4 + i] = static_cast<char>((falso >> (8 * i)) & 0xff);
+        swf::Filmato f;
+        QVERIFY(!f.caricaDati(zws));
+        QVERIFY(!f.valido());
+    }
+
+    void truncatedFilesNeverCrashAndDrawSafely()
+    {
+        const QByteArray pieno = comprimiCws(treFotogrammi(gotoLabel("due")));
+        const QByteArray piano = treFotogrammi(gotoLabel("due"));
+        int validi = 0;
+        for (const QByteArray &file : {pieno, piano}) {
+            for (int n = 0; n < file.size(); ++n) {
+                swf::Filmato f;
+                f.caricaDati(file.left(n));
+                validi += f.valido();
+                f.avanza();
+                f.avanza();
+                QImage img = f.immagine(QSize(20, 20), true);
+                QCOMPARE(img.size(), QSize(20, 20));
+            }
+        }
+        QVERIFY(validi > 0);  // a file cut inside its last tags still plays what it has
+    }
+
+    void headerOnlyAndGarbageInputsGiveAnInvalidFilm()
+    {
+        for (const QByteArray &file : {QByteArray(), QByteArray("FWS"), QByteArray("XWS\x0a\x10\0\0\0", 8),
+                                       QByteArray("CWS\x0a\x10\0\0\0garbage!", 16)}) {
+            swf::Filmato f;
+            QVERIFY(!f.caricaDati(file));
+            QVERIFY(!f.valido());
+            QCOMPARE(f.numeroFotogrammi(), 0);
+        }
+    }
+
+    void bogusTagLengthsAreCutToTheFile()
+    {
+        QByteArray t = sfondo(0, 0, 255);
+        Bit b;
+        b.u16((2 << 6) | 0x3f);  // DefineShape with a 4 GB length
+        b.u32(0xffffffffu);
+        t += b.fine() + QByteArray(10, '\x55');
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(film(t, 1)));
+        QCOMPARE(f.coloreSfondo(), QColor(0, 0, 255));
+        f.avanza();
+        QCOMPARE(qBlue(pixel(f, 50, 50)), 255);
+    }
+
+    void randomBytesAfterAValidHeaderNeverCrash()
+    {
+        QRandomGenerator gen(1234);
+        for (int i = 0; i < 300; ++i) {
+            QByteArray corpo(static_cast<int>(gen.bounded(1, 400)), '\0');
+            for (auto &c : corpo)
+                c = static_cast<char>(gen.bounded(256));
+            QByteArray file = film(QByteArray(), 1).left(8 + 5) + corpo;
+            swf::Filmato f;
+            f.caricaDati(file);
+            f.caricaDati(comprimiCws(file));
+            for (int k = 0; k < 3; ++k)
+                f.avanza();
+            QCOMPARE(f.immagine(QSize(16, 16), i % 2).size(), QSize(16, 16));
+        }
+    }
+
+    void deeplyNestedSpritesAreCappedNotRecursedForever()
+    {
+        QByteArray interno = rettangolo(1, 0, 0, 400, 400, 0x00ff00ff);
+        QByteArray defs;
+        // each sprite places the previous one: 200 levels
+        for (int id = 2; id < 202; ++id)
+            defs += sprite(id, 1, piazza(1, id - 1) + mostra());
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(film(interno + defs + piazza(1, 201) + mostra(), 1)));
+        f.avanza();
+        QImage img = f.immagine(QSize(100, 100), false);
+        QCOMPARE(img.size(), QSize(100, 100));
+        // and sprite definitions nested inside each other while parsing
+        QByteArray annidati = piazza(1, 1) + mostra();
+        for (int k = 0; k < 300; ++k)
+            annidati = sprite(1000 + k, 1, annidati);
+        swf::Filmato g;
+        QVERIFY(g.caricaDati(film(interno + annidati, 1)));
+    }
+
+    void mainTimelineLoopsBackToTheFirstFrame()
+    {
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(treFotogrammi()));
+        QCOMPARE(f.fotogrammaCorrente(), 1);
+        f.avanza();
+        QCOMPARE(f.fotogrammaCorrente(), 2);
+        QVERIFY(!rosso(pixel(f, 5, 5)));
+        QVERIFY(rosso(pixel(f, 15, 5)));
+        f.avanza();
+        QCOMPARE(f.fotogrammaCorrente(), 3);
+        f.avanza();
+        QCOMPARE(f.fotogrammaCorrente(), 1);
+        QVERIFY(rosso(pixel(f, 5, 5)));
+    }
+
+    void stopActionHoldsTheFrame()
+    {
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(treFotogrammi(stop())));
+        f.avanza();
+        QCOMPARE(f.fotogrammaCorrente(), 2);
+        QVERIFY(!f.inRiproduzione());
+        f.avanza();
+        f.avanza();
+        QCOMPARE(f.fotogrammaCorrente(), 2);
+        f.riprendi();
+        f.avanza();
+        QCOMPARE(f.fotogrammaCorrente(), 3);
+    }
+
+    void gotoLabelAndGotoFrameJumpAndStop()
+    {
+        // frame 2 jumps back to frame 1 by number: the film never reaches frame 3
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(treFotogrammi(gotoFrame(0))));
+        f.avanza();
+        QCOMPARE(f.fotogrammaCorrente(), 1);
+        QVERIFY(!f.inRiproduzione());
+        QVERIFY(rosso(pixel(f, 5, 5)));
+        // by label, to the frame that holds the label itself
+        swf::Filmato g;
+        QVERIFY(g.caricaDati(treFotogrammi(gotoLabel("DUE"))));
+        g.avanza();
+        QCOMPARE(g.fotogrammaCorrente(), 2);
+        QVERIFY(!g.inRiproduzione());
+    }
+
+    void gotoFrame2WithPlayFlagKeepsPlaying()
+    {
+        Bit b;
+        b.u8(0x96); b.u16(5); b.u8(7); b.u32(3);  // push int 3
+        b.u8(0x9F); b.u16(1); b.u8(1);            // gotoAndPlay
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(treFotogrammi(b.fine())));
+        f.avanza();
+        QCOMPARE(f.fotogrammaCorrente(), 3);
+        QVERIFY(f.inRiproduzione());
+        f.avanza();
+        QCOMPARE(f.fotogrammaCorrente(), 1);
+    }
+
+    void unknownActionsAndEndlessJumpsAreHarmless()
+    {
+        Bit b;
+        b.u8(0x3F);                          // modulo on an empty stack
+        b.u8(0x99); b.u16(2); b.u16(0xfffb);  // jump to itself, forever
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(treFotogrammi(b.fine())));
+        f.avanza();
+        QCOMPARE(f.fotogrammaCorrente(), 2);
+    }
+
+    void vaiAlFotogrammaAndRewind()
+    {
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(treFotogrammi()));
+        f.vaiAlFotogramma(3);
+        QCOMPARE(f.fotogrammaCorrente(), 3);
+        QVERIFY(rosso(pixel(f, 25, 5)));
+        f.riavvolgi();
+        QCOMPARE(f.fotogrammaCorrente(), 1);
+        QVERIFY(rosso(pixel(f, 5, 5)));
+    }
+
+    void spriteKeepsItsOwnTimeline()
+    {
+        // a two-frame sprite inside a one-frame film still animates
+        QByteArray t = rettangolo(1, 0, 0, 200, 200, 0xff0000ff);
+        Bit m;
+        m.u8(0x05); m.u16(1); matrice(m, 1000, 0);
+        t += sprite(2, 2, piazza(1, 1) + mostra() + tag(26, m.fine()) + mostra());
+        t += piazza(1, 2) + mostra();
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(film(t, 1)));
+        QVERIFY(rosso(pixel(f, 5, 5)));
+        f.avanza();
+        QVERIFY(!rosso(pixel(f, 5, 5)));
+        QVERIFY(rosso(pixel(f, 55, 5)));
+        f.avanza();
+        QVERIFY(rosso(pixel(f, 5, 5)));
+    }
+
+    void clipDepthMasksOnlyTheLayersItCovers()
+    {
+        QByteArray t = rettangolo(1, 0, 0, 1000, 2000, 0x000000ff);   // mask: left half
+        t += rettangolo(2, 0, 0, 2000, 1000, 0xff0000ff);             // red top half
+        t += rettangolo(3, 0, 1000, 2000, 2000, 0x0000ffff);          // blue bottom half, above the mask range
+        t += piazza(1, 1, 0, 0, 2) + piazza(2, 2) + piazza(3, 3) + mostra();
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(film(t, 1)));
+        QVERIFY(rosso(pixel(f, 20, 20)));
+        QCOMPARE(pixel(f, 80, 20), qRgb(255, 255, 255));  // masked away
+        QCOMPARE(pixel(f, 80, 80), qRgb(0, 0, 255));      // not under the mask
+    }
+
+    void drawScalesShowAllCentredAndLetterboxed()
+    {
+        QByteArray t = sfondo(0, 255, 0);
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(film(t, 1, 100, 50)));
+        QImage img(200, 200, QImage::Format_ARGB32_Premultiplied);
+        img.fill(Qt::black);
+        {
+            QPainter p(&img);
+            f.disegna(p, QRectF(0, 0, 200, 200), true);
+        }
+        QCOMPARE(img.pixel(100, 10), qRgb(0, 0, 0));     // bar above
+        QCOMPARE(img.pixel(100, 100), qRgb(0, 255, 0));  // stage
+        QCOMPARE(img.pixel(100, 190), qRgb(0, 0, 0));    // bar below
+        QCOMPARE(img.pixel(1, 52), qRgb(0, 255, 0));
+    }
+
+    void memoryPerSmallFilmStaysSmall()
+    {
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(treFotogrammi()));
+        QVERIFY(f.memoriaUsata() > 0);
+        QVERIFY(f.memoriaUsata() < 8 * 1024 * 1024);
+    }
+};
+
+QTEST_MAIN(TestSwf)
+#include "test_swf.moc"
