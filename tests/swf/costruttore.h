@@ -7,6 +7,8 @@
 #include <lzma.h>
 #include <zlib.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <vector>
 
@@ -122,6 +124,46 @@ inline QByteArray rettangolo(int id, int x0, int y0, int x1, int y1, uint32_t rg
     retta(x0 - x1, 0);
     retta(0, y0 - y1);
     b.ub(0, 6);  // end
+    return tag(32, b.fine());
+}
+
+// DefineShape3: a wobbly closed blob of curves, filled and outlined.
+inline QByteArray blob(int id, int cx, int cy, int r, int segmenti, uint32_t rgba, int linea = 40)
+{
+    Bit b;
+    b.u16(id);
+    rect(b, cx - 2 * r, cx + 2 * r, cy - 2 * r, cy + 2 * r);
+    b.u8(1);
+    b.u8(0x00);
+    b.u8(rgba >> 24); b.u8((rgba >> 16) & 0xff); b.u8((rgba >> 8) & 0xff); b.u8(rgba & 0xff);
+    b.u8(1);
+    b.u16(linea);
+    b.u8(0); b.u8(0); b.u8(0); b.u8(255);
+    b.ub(1, 4);
+    b.ub(1, 4);
+    std::vector<std::pair<int, int>> p;
+    for (int i = 0; i <= 2 * segmenti; ++i) {
+        double a = 2 * 3.14159265358979 * i / (2 * segmenti);
+        double rr = r * (i % 2 ? 1.25 : 1.0) * (1 + 0.15 * std::sin(3 * a));
+        p.emplace_back(cx + static_cast<int>(rr * std::cos(a)), cy + static_cast<int>(rr * std::sin(a)));
+    }
+    p.back() = p.front();
+    b.ub(0, 1);
+    b.ub(0b01101, 5);
+    int n = std::max(bitPer(p[0].first), bitPer(p[0].second));
+    b.ub(static_cast<uint32_t>(n), 5);
+    b.sb(p[0].first, n); b.sb(p[0].second, n);
+    b.ub(1, 1);  // fill1
+    b.ub(1, 1);  // line
+    for (size_t i = 1; i + 1 < p.size(); i += 2) {
+        int c1 = p[i].first - p[i - 1].first, c2 = p[i].second - p[i - 1].second;
+        int a1 = p[i + 1].first - p[i].first, a2 = p[i + 1].second - p[i].second;
+        int nb = std::max({bitPer(c1), bitPer(c2), bitPer(a1), bitPer(a2), 2});
+        b.ub(1, 1); b.ub(0, 1);
+        b.ub(static_cast<uint32_t>(nb - 2), 4);
+        b.sb(c1, nb); b.sb(c2, nb); b.sb(a1, nb); b.sb(a2, nb);
+    }
+    b.ub(0, 6);
     return tag(32, b.fine());
 }
 

@@ -154,7 +154,7 @@ void riempi(QPainter &p, const QPainterPath &percorso, const Riempimento &f, con
 }
 
 void traccia(QPainter &p, const QPainterPath &percorso, const Tratto &t, const QTransform &m,
-             const ColorTransform &cx, const Ctx &ctx)
+             const ColorTransform &cx, const Ctx &ctx, QPainterPath *contorno)
 {
     QPen pen;
     if (t.conRiempimento && t.riempimento.tipo == Riempimento::Grad)
@@ -180,6 +180,15 @@ void traccia(QPainter &p, const QPainterPath &percorso, const Tratto &t, const Q
         pen.setWidthF(larghezzaDisp);
     } else {
         pen.setWidthF(t.larghezza);
+        if (contorno) {
+            if (contorno->isEmpty()) {
+                QPainterPathStroker st(pen);
+                *contorno = st.createStroke(percorso);
+                contorno->setFillRule(Qt::WindingFill);
+            }
+            p.fillPath(*contorno, pen.brush());
+            return;
+        }
     }
     p.strokePath(percorso, pen);
 }
@@ -191,9 +200,11 @@ void disegnaForma(QPainter &p, const Forma &f, const QTransform &m, const ColorT
         for (size_t i = 0; i < s.areePerStile.size() && i < s.riempimenti.size(); ++i)
             if (!s.areePerStile[i].isEmpty())
                 riempi(p, s.areePerStile[i], s.riempimenti[i], m, cx, ctx);
+        if (s.contorniLinee.size() != s.lineePerStile.size())
+            s.contorniLinee.assign(s.lineePerStile.size(), QPainterPath());
         for (size_t i = 0; i < s.lineePerStile.size() && i < s.tratti.size(); ++i)
             if (!s.lineePerStile[i].isEmpty())
-                traccia(p, s.lineePerStile[i], s.tratti[i], m, cx, ctx);
+                traccia(p, s.lineePerStile[i], s.tratti[i], m, cx, ctx, &s.contorniLinee[i]);
     }
 }
 

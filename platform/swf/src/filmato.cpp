@@ -110,7 +110,9 @@ void Filmato::disegna(QPainter &painter, const QRectF &target, bool antialias) c
     const double fattore = std::clamp(dpr * sx, 0.25, 4.0);
     QSize px(std::max(1, static_cast<int>(std::ceil(dim.width() * fattore))),
              std::max(1, static_cast<int>(std::ceil(dim.height() * fattore))));
-    QImage img(px, QImage::Format_ARGB32_Premultiplied);
+    if (d->tampone.size() != px)
+        d->tampone = QImage(px, QImage::Format_ARGB32_Premultiplied);
+    QImage &img = d->tampone;
     if (img.isNull())
         return;
     img.fill(coloreSfondo());

@@ -97,6 +97,8 @@ struct StratoForma {
     std::vector<Tratto> tratti;
     std::vector<QPainterPath> areePerStile;   // index = fill style - 1
     std::vector<QPainterPath> lineePerStile;  // index = line style - 1
+    // stroke outlines of scaling lines, made once: they do not depend on the transform
+    mutable std::vector<QPainterPath> contorniLinee;
 };
 
 struct Forma {

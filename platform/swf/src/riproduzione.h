@@ -49,6 +49,7 @@ struct Riproduzione {
     };
     std::deque<Azione> coda;
     uint64_t tick = 0;
+    QImage tampone;  // reused by every draw of the same size
 
     // Back to the state before the first frame, then shows frame 1.
     void inizia();
