@@ -31,6 +31,10 @@ QString NomeControllo(const QObject *o)
 
 bool LeggiCaption(const QObject *o, QString *caption)
 {
+    if (auto *m = qobject_cast<const QMenu *>(o)) {
+        *caption = m->title();
+        return true;
+    }
     if (auto *w = qobject_cast<const QWidget *>(o); w && w->isWindow()) {
         *caption = w->windowTitle();
         return true;
@@ -60,6 +64,10 @@ bool LeggiCaption(const QObject *o, QString *caption)
 
 bool ScriviCaption(QObject *o, const QString &caption)
 {
+    if (auto *m = qobject_cast<QMenu *>(o)) {
+        m->setTitle(caption);
+        return true;
+    }
     if (auto *w = qobject_cast<QWidget *>(o); w && w->isWindow()) {
         w->setWindowTitle(caption);
         return true;

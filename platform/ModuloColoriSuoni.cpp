@@ -45,7 +45,12 @@ private:
 };
 
 CanaleSuoni *canaleDiProva = nullptr;
-std::function<bool()> suoniAttivi = [] { return true; };
+// A function-local object, so that the profile can set it while statics start up.
+std::function<bool()> &suoniAttivi()
+{
+    static std::function<bool()> f = [] { return true; };
+    return f;
+}
 
 CanaleMultimedia &canaleReale()
 {
@@ -63,14 +68,14 @@ CanaleSuoni &canale()
 
 void suonaFisso(const char *nome)
 {
-    if (!suoniAttivi())
+    if (suoniAttivi() && !suoniAttivi()())
         return;
     SuonaFile(CartellaProgramma() + QString::fromLatin1(nome));
 }
 } // namespace
 
 void ImpostaCanaleSuoni(CanaleSuoni *c) { canaleDiProva = c; }
-void ImpostaLetturaSuoni(std::function<bool()> f) { suoniAttivi = std::move(f); }
+void ImpostaLetturaSuoni(std::function<bool()> f) { suoniAttivi() = std::move(f); }
 
 QString SorgenteSuonoInCorso() { return canaleReale().sorgente(); }
 

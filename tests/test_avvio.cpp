@@ -1,5 +1,7 @@
 #include "AmbienteProva.h"
 
+#include "platform/TestoFile.h"
+
 #include "app/Avvio.h"
 #include "app/FormAvvio.h"
 #include "lang/modLanguageSupport.h"
@@ -9,11 +11,14 @@
 #include "platform/IstanzaUnica.h"
 #include "platform/Puntatore.h"
 #include "platform/Schermi.h"
+#include "platform/Twips.h"
+#include "platform/clsResize.h"
 #include "profiles/CartelleDati.h"
 #include "profiles/Profilo.h"
 #include "profiles/StatoProcesso.h"
 
 #include <QLabel>
+#include <QMovie>
 #include <QProcess>
 #include <QToolButton>
 
@@ -100,7 +105,8 @@ private slots:
     void aSecondStartCreatesNothingAndAsksNothing()
     {
         AmbienteProva a;
-        qputenv("XDG_RUNTIME_DIR", a.Casa().toUtf8());
+        QTemporaryDir runtime;
+        qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
         mettiFontEPronti(a);
         QVERIFY(AvvioProgramma());
         SalvaProfilo(); // the confirmed exit of that first run

@@ -1,5 +1,7 @@
 #include "AmbienteProva.h"
 
+#include "platform/TestoFile.h"
+
 #include "lang/modLanguageSupport.h"
 #include "profiles/CartelleDati.h"
 #include "profiles/Profilo.h"
@@ -171,7 +173,7 @@ private slots:
             QFAIL("the program went on");
         } catch (const ProcessoTerminato &t) {
             QCOMPARE(t.fine.stato, 1);
-            QVERIFY2(t.fine.messaggio.contains(a.Radice() + QStringLiteral("/tesselo")), qPrintable(t.fine.messaggio));
+            QVERIFY2(t.fine.messaggio.contains(a.Radice()), qPrintable(t.fine.messaggio));
         }
     }
 
@@ -193,6 +195,7 @@ private slots:
         mettiFont(a);
         CreaCartelleDati();
         mettiPronti(a);
+        a.scatole.clear();
         Diario d(a);
         a.risposte = {Msg::vbNo};
         Profilo.ProntiImportati = false;

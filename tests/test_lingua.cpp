@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTabWidget>
 
 namespace {
@@ -108,7 +109,7 @@ private slots:
         const QStringList voci = ElencoLingue();
         QVERIFY(voci.contains(QStringLiteral("Italiano")));
         QVERIFY(voci.contains(QStringLiteral("italiano")));
-        QCOMPARE(voci.count(QStringLiteral("Italiano"), Qt::CaseInsensitive), 2);
+        QCOMPARE(voci.filter(QRegularExpression(QStringLiteral("^italiano$"), QRegularExpression::CaseInsensitiveOption)).size(), 2);
         QCOMPARE(voci[IndiceLinguaSpuntata(voci, QStringLiteral("Italiano"))], QStringLiteral("Italiano"));
         QCOMPARE(voci[IndiceLinguaSpuntata(voci, QStringLiteral("italiano"))], QStringLiteral("italiano"));
         QCOMPARE(IndiceLinguaSpuntata(voci, QStringLiteral("ITALIANO")), -1);

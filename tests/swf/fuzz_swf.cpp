@@ -1,0 +1,21 @@
+// libFuzzer entry: any bytes through the reader, a few ticks and a small draw.
+
+#include "swf/filmato.h"
+
+#include <QImage>
+
+#include <cstddef>
+#include <cstdint>
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    swf::Filmato f;
+    if (!f.caricaDati(QByteArray(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size))))
+        return 0;
+    for (int i = 0; i < 4; ++i)
+        f.avanza();
+    QImage img = f.immagine(QSize(48, 48), size % 2 == 0);
+    (void)img;
+    f.vaiAlFotogramma(1);
+    return 0;
+}
