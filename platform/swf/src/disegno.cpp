@@ -573,7 +573,9 @@ void disegnaClip(QPainter &p, const Clip &c, const QTransform &mondo, const Colo
     std::vector<Maschera> attive;
     bool cambiato = false;
     p.save();
-    for (auto &[prof, ist] : c.lista) {
+    for (auto &voce : c.lista) {
+        const int prof = voce.first;
+        const auto &ist = voce.second;
         size_t prima = attive.size();
         std::erase_if(attive, [&](const Maschera &m) { return prof > m.fino; });
         cambiato |= attive.size() != prima;
