@@ -51,6 +51,14 @@ struct Valore {
     }
 };
 
+// NaN and out-of-range numbers must not reach an int conversion
+int intero(double v, int minimo, int massimo)
+{
+    if (std::isnan(v))
+        return minimo;
+    return static_cast<int>(std::clamp(v, static_cast<double>(minimo), static_cast<double>(massimo)));
+}
+
 std::shared_ptr<Clip> figlio(const std::shared_ptr<Clip> &c, const QByteArray &nome)
 {
     if (!c)
@@ -100,7 +108,7 @@ int fotogrammaDa(const Clip &c, const Valore &v)
     double n = v.comeNumero();
     if (std::isnan(n))
         return -1;
-    return static_cast<int>(n) - 1;
+    return intero(n, 0, kMaxFrames + 1) - 1;
 }
 
 bool chiamaMetodoClip(Riproduzione &r, const std::shared_ptr<Clip> &c, const QByteArray &metodo,
@@ -328,7 +336,7 @@ void eseguiAvm1(Riproduzione &r, const std::shared_ptr<Clip> &clip, const QByteA
                 Valore o = togli();
                 oggetto = o.tipo == Valore::RifClip ? o.clip.lock() : nullptr;
             }
-            int n = static_cast<int>(std::clamp(togli().comeNumero(), 0.0, 256.0));
+            int n = intero(togli().comeNumero(), 0, 256);
             std::vector<Valore> arg;
             for (int i = 0; i < n; ++i)
                 arg.push_back(togli());
