@@ -1,0 +1,4 @@
+#pragma once
+
+// Makes the menu, the names box and the information screen known to the screen manager.
+void RegistraSchermiMenu();
