@@ -231,7 +231,8 @@ inline QByteArray comprimiZws(const QByteArray &fws)
     lzma_options_lzma opt;
     lzma_lzma_preset(&opt, 6);
     lzma_stream s = LZMA_STREAM_INIT;
-    lzma_alone_encoder(&s, &opt);
+    if (lzma_alone_encoder(&s, &opt) != LZMA_OK)
+        return {};
     QByteArray out(fws.size() * 2 + 1024, '\0');
     s.next_in = reinterpret_cast<const uint8_t *>(fws.constData() + 8);
     s.avail_in = static_cast<size_t>(fws.size() - 8);

@@ -1,0 +1,8 @@
+execute_process(COMMAND ${SCRIVI} ${OUT} --${MODO} --frames 12 RESULT_VARIABLE rc1)
+if(NOT rc1 EQUAL 0)
+  message(FATAL_ERROR "writer failed: ${rc1}")
+endif()
+execute_process(COMMAND ${CARICA} ${OUT} 12 RESULT_VARIABLE rc2)
+if(NOT rc2 EQUAL 0)
+  message(FATAL_ERROR "written film did not load and play: ${rc2}")
+endif()
