@@ -98,3 +98,10 @@ void OpzioneGrafica::ImpostaValore(bool v)
             altra->valore = false;
     emit Click();
 }
+
+void ImpostaPunti(QWidget *w, int punti)
+{
+    QFont f = w->font();
+    f.setPointSize(punti);
+    w->setFont(f);
+}

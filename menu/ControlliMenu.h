@@ -38,3 +38,6 @@ signals:
 private:
     bool valore = false;
 };
+
+// A control's font at a size in points, the rest of the font kept.
+void ImpostaPunti(QWidget *w, int punti);

@@ -55,6 +55,11 @@ public:
 
     QString CartellaMemory;
 
+    // The sizes that the last dressing found, step by step; for tests.
+    struct {
+        int etichette = 0, opzioniPrima = 0, opzioni = 0, cornici = 0;
+    } MisureVestizione;
+
     // The form's handlers and operations, under the names the game gives them.
     void AggiornaFiles();
     void Option1_Click(int index);
