@@ -8,6 +8,8 @@
 
 #include <QDir>
 
+#include <algorithm>
+
 PassateElenco PassatePerTipo(int opzioneAccesa)
 {
     const QString ii = Cartelle::Dati + QStringLiteral("ii\\");
@@ -32,9 +34,14 @@ PassateElenco PassatePerTipo(int opzioneAccesa)
 QStringList FileDellaCartella(const QString &cartella, const QString &maschera)
 {
     const QDir d(PercorsoLocale(cartella));
-    // Sorted by name, as the file system the game was made on lists a folder;
-    // the carried count of AggiornaFiles depends on this order.
-    return d.entryList({maschera}, QDir::Files | QDir::Hidden | QDir::System, QDir::Name | QDir::IgnoreCase);
+    QStringList nomi = d.entryList({maschera}, QDir::Files | QDir::Hidden | QDir::System, QDir::Unsorted);
+    // In the order the game's first file system listed a folder: by the names
+    // in capitals. The carried count of AggiornaFiles depends on this order.
+    std::sort(nomi.begin(), nomi.end(), [](const QString &a, const QString &b) {
+        const int c = a.toUpper().compare(b.toUpper());
+        return c != 0 ? c < 0 : a < b;
+    });
+    return nomi;
 }
 
 std::optional<int> ContaTessereFile(const QString &percorso, bool *oltreFine)

@@ -9,6 +9,7 @@
 #include "menu/FormMenu.h"
 #include "menu/FormNomi.h"
 #include "menu/RegistraMenu.h"
+#include "platform/Controlli.h"
 #include "platform/Puntatore.h"
 #include "platform/Schermi.h"
 #include "platform/TestoFile.h"
