@@ -1,9 +1,11 @@
 #include "app/SchermiDelGioco.h"
 
+#include "board/RegistraBoard.h"
 #include "menu/RegistraMenu.h"
 
 void RegistraSchermiDelGioco()
 {
     // Each screen library adds its registration here as it lands.
     RegistraSchermiMenu();
+    RegistraSchermiBoard();
 }

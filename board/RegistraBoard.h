@@ -1,0 +1,4 @@
+#pragma once
+
+// Registers the five boards and FormPremio with the screen manager.
+void RegistraSchermiBoard();

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+// What plays a film inside a Filmato: one per kind of file. SWF movies get
+// their own later; animated images and video files have theirs here.
+class MotoreFilm
+{
+public:
+    virtual ~MotoreFilm() = default;
+    // Loads a local file and rests on its first picture; false when it can't.
+    virtual bool Carica(const QString &fileLocale) = 0;
+    virtual void Play() = 0;      // from where it stands, looping
+    virtual void Stop() = 0;      // holds the picture it shows
+    virtual void PrimoQuadro() = 0; // back to the first picture, still
+    virtual QWidget *Vista() = 0; // the widget that shows it, a child of the Filmato
+};
+
+// A backend chooses itself by the first bytes of the file and its suffix.
+struct MotoreRegistrato {
+    QString nome;
+    std::function<bool(const QByteArray &inizio, const QString &suffisso)> riconosce;
+    std::function<std::unique_ptr<MotoreFilm>(QWidget *genitore)> crea;
+};
+// A later registration is asked first, so a new backend can take over a kind.
+void RegistraMotoreFilm(MotoreRegistrato motore);
+
+// The film face: loads a file by path (Movie), rests on its first picture
+// until told to play, then loops. A file that can't be played leaves an
+// empty face and no message.
+class Filmato : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit Filmato(QWidget *parent = nullptr);
+    ~Filmato() override;
+
+    QString Movie() const { return film; }
+    void setMovie(const QString &percorso); // a game path; empty empties the face
+    void Play();
+    void Stop();
+    void StopPlay(); // to the first picture and still
+
+    bool InRiproduzione() const { return riproduce; }
+    QString NomeMotore() const { return nomeMotore; } // empty when the face is empty
+
+protected:
+    void resizeEvent(QResizeEvent *e) override;
+
+private:
+    QString film;
+    QString nomeMotore;
+    std::unique_ptr<MotoreFilm> motore;
+    bool riproduce = false;
+};
