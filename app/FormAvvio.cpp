@@ -1,6 +1,7 @@
 #include "app/FormAvvio.h"
 
 #include "lang/modLanguageSupport.h"
+#include "platform/Caratteri.h"
 #include "platform/Colori.h"
 #include "platform/Controlli.h"
 #include "platform/ModuloColoriSuoni.h"
@@ -37,10 +38,7 @@ FormAvvio::FormAvvio() : Form(QStringLiteral("FormAvvio"), LarghezzaProgetto, Al
         auto *l = new Etichetta(etichette[i].testo, this);
         l->setObjectName(QStringLiteral("Label2"));
         ImpostaIndice(l, i);
-        QFont f(QStringLiteral("Comic Sans MS"));
-        f.setBold(true);
-        f.setPointSizeF(etichette[i].punti);
-        l->setFont(f);
+        l->setFont(FontGioco(QStringLiteral("Comic Sans MS"), etichette[i].punti, true));
         l->setWordWrap(true);
         l->setAlignment(Qt::AlignCenter);
         l->setAccessibleName(etichette[i].testo);
@@ -63,10 +61,7 @@ FormAvvio::FormAvvio() : Form(QStringLiteral("FormAvvio"), LarghezzaProgetto, Al
     Command1->setAccessibleName(QStringLiteral("Avvio"));
     Command1->setIcon(QIcon(QStringLiteral(":/app/avvio-pulsante.svg")));
     Command1->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    QFont fp(QStringLiteral("Comic Sans MS"));
-    fp.setBold(true);
-    fp.setPointSize(14);
-    Command1->setFont(fp);
+    Command1->setFont(FontGioco(QStringLiteral("Comic Sans MS"), 20, true));
     Command1->setCursor(Qt::PointingHandCursor);
     ScriviGeometria(Command1, {2520, 5040, 3015, 1215});
     connect(Command1, &QToolButton::clicked, this, &FormAvvio::VaiAlMenu);

@@ -175,7 +175,7 @@ private slots:
         QVERIFY(f);
         QCOMPARE(f->palette().color(QPalette::Window), atteso);
         QCOMPARE(f->Label2[0]->text(), QStringLiteral("Coppie vivaci"));
-        QCOMPARE(f->Label2[0]->font().family(), QStringLiteral("Comic Sans MS"));
+        QCOMPARE(f->Label2[0]->font().families().value(0), QStringLiteral("Comic Sans MS"));
         QVERIFY(f->Label2[0]->font().bold());
         QCOMPARE(f->Label2[0]->font().pointSizeF(), 72.0);
         QCOMPARE(f->Label2[1]->text(), QStringLiteral("19/03/2005"));
