@@ -61,7 +61,7 @@ public:
 class AmbienteMenu
 {
 public:
-    AmbienteMenu() : ambiente(std::make_unique<AmbienteProva>())
+    explicit AmbienteMenu(bool conFileLingua = true) : ambiente(std::make_unique<AmbienteProva>(conFileLingua))
     {
         ImpostaSchermoPerProve(QRect(0, 0, 1024, 768));
         LinguaCorrente.clear();
