@@ -6,6 +6,7 @@
 #include "AmbienteProva.h"
 
 #include "lang/modLanguageSupport.h"
+#include "menu/ControlliMenu.h"
 #include "menu/FormMenu.h"
 #include "menu/FormNomi.h"
 #include "menu/RegistraMenu.h"
@@ -19,6 +20,7 @@
 #include "profiles/Profilo.h"
 #include "profiles/StatoProcesso.h"
 
+#include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
