@@ -20,6 +20,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPainter>
+#include <QWindow>
 
 static void caricaRisorseBoard() { Q_INIT_RESOURCE(board); }
 
@@ -166,9 +167,6 @@ FormTavola::FormTavola(const ImpostazioniTavola &imp)
             PictureScansione->setFocus();
     });
 
-    installEventFilter(this);
-    for (QWidget *w : findChildren<QWidget *>())
-        w->installEventFilter(this);
 }
 
 FormTavola::~FormTavola() { FrameUscitaTavola::SbloccaMouse(); }
@@ -242,6 +240,11 @@ void FormTavola::Form_Load()
 void FormTavola::Form_Activate()
 {
     CopriSchermo();
+    // Keys are taken at the window, before any control sees them.
+    if (windowHandle() && !filtroTasti) {
+        windowHandle()->installEventFilter(this);
+        filtroTasti = true;
+    }
     tavola->Width = LarghezzaSchermoTwips();
     tavola->Height = AltezzaSchermoTwips();
     if (tavola->Imp.HaParole()) {
@@ -433,21 +436,16 @@ void FormTavola::eliminaSeRimandato()
 
 bool FormTavola::eventFilter(QObject *o, QEvent *e)
 {
-    if (e->type() != QEvent::KeyPress)
+    if (e->type() != QEvent::KeyPress || o != windowHandle() || scaricato)
         return Form::eventFilter(o, e);
-    auto *k = static_cast<QKeyEvent *>(e);
-    // A key that the first receiver passes on reaches the parents: act once.
-    if (e == ultimoTasto && k->timestamp() == ultimoIstante)
+    int codice = codiceTasto(static_cast<QKeyEvent *>(e)->key());
+    if (codice < 0)
         return false;
-    ultimoTasto = e;
-    ultimoIstante = k->timestamp();
-    int codice = codiceTasto(k->key());
-    if (codice < 0 || scaricato)
-        return false;
-    // The form sees keys before its controls.
+    // The form sees keys before its controls; the focus holder gets them after.
     if (tavola->GestisceTasto(OrigineTasto::Form))
         tavola->TastoGiu(codice, OrigineTasto::Form);
-    if (codice != 0 && o == PictureScansione && tavola->GestisceTasto(OrigineTasto::PictureScansione))
+    if (codice != 0 && PictureScansione && focusWidget() == PictureScansione
+        && tavola->GestisceTasto(OrigineTasto::PictureScansione))
         tavola->TastoGiu(codice, OrigineTasto::PictureScansione);
     eliminaSeRimandato();
     return codice == 0;

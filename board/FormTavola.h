@@ -101,6 +101,5 @@ private:
     int atteseInCorso = 0;
     bool scaricato = false;
     bool eliminazioneRimandata = false;
-    const QEvent *ultimoTasto = nullptr;
-    ulong ultimoIstante = 0;
+    bool filtroTasti = false;
 };

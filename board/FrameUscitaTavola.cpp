@@ -11,6 +11,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QScreen>
 
 using namespace FinestraUscita;
@@ -131,28 +132,11 @@ void FrameUscitaTavola::mostraColori()
 void FrameUscitaTavola::mouseMoveEvent(QMouseEvent *e)
 {
     QFrame::mouseMoveEvent(e);
+    // A move over a face comes up here too; only the frame itself counts.
+    if (childAt(e->position().toPoint()))
+        return;
     colori.MouseMoveCornice();
     mostraColori();
-}
-
-void FrameUscitaTavola::resizeEvent(QResizeEvent *e)
-{
-    QFrame::resizeEvent(e);
-    sistemaFacce();
-}
-
-void FrameUscitaTavola::sistemaFacce()
-{
-    // The faces are children of the pictures: keep them in proportion with them.
-    for (Etichetta *p : {PictureSi, PictureNo}) {
-        const int h = p->height();
-        auto *immagine = p == PictureSi ? ImageSi : ImageNo;
-        auto *parola = p == PictureSi ? LabelSi : LabelNo;
-        const int lato = qMax(1, h * 1335 / 1575);
-        const int margine = h * 120 / 1575;
-        immagine->setGeometry(margine, margine, lato, lato);
-        parola->setGeometry(margine * 2 + lato, margine, qMax(1, p->width() - margine * 3 - lato), qMax(1, h - 2 * margine));
-    }
 }
 
 double FrameUscitaTavola::adatta(double partenza, double larghezzaTwips)

@@ -60,10 +60,8 @@ public:
 
 protected:
     void mouseMoveEvent(QMouseEvent *e) override;
-    void resizeEvent(QResizeEvent *e) override;
 
 private:
     void mostraColori();
-    void sistemaFacce();
     double adatta(double partenza, double larghezzaTwips);
 };

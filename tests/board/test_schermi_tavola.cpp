@@ -1,0 +1,368 @@
+#include "ProvaTavola.h"
+
+#include "board/ElencoPremi.h"
+#include "board/FormPremio.h"
+#include "board/FormTavola.h"
+#include "board/FrameUscitaTavola.h"
+#include "board/RegistraBoard.h"
+#include "lang/modLanguageSupport.h"
+#include "platform/Casuale.h"
+#include "platform/Colori.h"
+#include "platform/Controlli.h"
+#include "platform/Puntatore.h"
+#include "platform/Twips.h"
+#include "platform/media/Filmato.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+// Stands in for the menu, which is built elsewhere.
+class MenuProva final : public Form
+{
+public:
+    MenuProva() : Form(QStringLiteral("FormMenu"), 9000, 7000) {}
+};
+} // namespace
+
+// The boards and the reward on the screen, played with mouse and keys.
+class TestSchermiTavola : public QObject
+{
+    Q_OBJECT
+private:
+    std::unique_ptr<AmbienteProva> amb;
+
+    FormTavola *apri(const QString &nome)
+    {
+        Schermi::Mostra(nome);
+        return qobject_cast<FormTavola *>(Schermi::Riferimento(nome));
+    }
+    static void clicca(FormTavola *f, int posto)
+    {
+        QVERIFY(f->FramePosto[posto]->isVisible());
+        QTest::mouseClick(f->FramePosto[posto], Qt::LeftButton);
+    }
+    static int altro(const Tavola &t, int posto)
+    {
+        for (int k = 0; k < 24; ++k)
+            if (k != posto && t.FramePosto[k].Tag == t.FramePosto[posto].Tag)
+                return k;
+        return -1;
+    }
+    // A key as a person presses it: to the window, which hands it to the focus.
+    static void tasto(FormTavola *f, Qt::Key k, QWidget *fuoco = nullptr)
+    {
+        f->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(f));
+        if (fuoco)
+            fuoco->setFocus();
+        else if (QApplication::focusWidget())
+            QApplication::focusWidget()->clearFocus();
+        QTest::keyClick(f->windowHandle(), k);
+    }
+    static void muovi(QWidget *w)
+    {
+        QMouseEvent e(QEvent::MouseMove, QPointF(5, 5), w->mapToGlobal(QPointF(5, 5)), Qt::NoButton, Qt::NoButton,
+                      Qt::NoModifier);
+        QApplication::sendEvent(w, &e);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        ImpostaSchermoPerProve(QRect(0, 0, 1024, 768));
+        RegistraSchermiBoard();
+        Schermi::Registra(QStringLiteral("FormMenu"), [] { return new MenuProva; });
+    }
+    void init()
+    {
+        amb = std::make_unique<AmbienteProva>();
+        ProfiloDiProva();
+        SeminaCasuale(5);
+        FileMemory = ScriviSet(amb->Casa(), QStringLiteral("prova.ass"), 6);
+    }
+    void cleanup()
+    {
+        Schermi::ScaricaTuttiPerProve();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        LiberaPuntatore();
+        amb.reset();
+    }
+
+    void aBoardCoversTheScreenAndLaysOutItsTiles()
+    {
+        FormTavola *f = apri(QStringLiteral("FormmemSS"));
+        QVERIFY(f);
+        QCOMPARE(f->geometry(), QRect(0, 0, 1024, 768));
+        // 12 tiles at 1024 by 768: side 2880 twips, 192 pixels, first column at 1200 twips.
+        QCOMPARE(f->FramePosto[0]->width(), 192);
+        QCOMPARE(f->FramePosto[0]->x(), 80);
+        QVERIFY(f->FramePosto[11]->isVisible());
+        QVERIFY(!f->FramePosto[12]->isVisible());
+        QCOMPARE(f->FramePosto[0]->accessibleName(), QStringLiteral("Tessera 1"));
+        QVERIFY(!f->mnuAvvia->text().isEmpty());
+    }
+
+    void aWholeGameIsPlayedWithTheMouseToTheRewardAndANewGameStarts()
+    {
+        Profilo.NumeroTessere = 4;
+        FormTavola *f = apri(QStringLiteral("FormmemSS"));
+        Tavola &t = f->Partita();
+        int premiVisti = 0;
+        bool pulsanteBloccato = false;
+        // The reward is modal: close it from inside its own loop.
+        std::function<void()> chiudi = [&] {
+            auto *p = qobject_cast<FormPremio *>(Schermi::Riferimento(QStringLiteral("FormPremio")));
+            if (!p || !p->isVisible()) {
+                QTimer::singleShot(5, chiudi);
+                return;
+            }
+            if (!p->Command1->isEnabled()) {
+                pulsanteBloccato = true;
+                QTimer::singleShot(5, chiudi);
+                return;
+            }
+            ++premiVisti;
+            QCOMPARE(QApplication::focusWidget(), p->Command1);
+            QTest::mouseClick(p->Command1, Qt::LeftButton);
+        };
+        QTimer::singleShot(5, chiudi);
+        const int a = 0, b = altro(t, 0);
+        clicca(f, a);
+        clicca(f, b);
+        int c = 1;
+        while (!t.FramePosto[c].Visible)
+            ++c;
+        const int d = altro(t, c);
+        clicca(f, c);
+        clicca(f, d);
+        QCOMPARE(premiVisti, 1);
+        QVERIFY(pulsanteBloccato);
+        // The new game: all covered, first player, scores at 0.
+        QCOMPARE(t.GiocatoreCorrente, qint16(0));
+        QCOMPARE(t.Mosse[0], qint16(0));
+        for (int k = 0; k < 4; ++k)
+            QVERIFY(f->FramePosto[k]->isVisible());
+        QCOMPARE(Schermi::Corrente(), f);
+    }
+
+    void theExitQuestionConfinesThePointerAndNoFreesIt()
+    {
+        FormTavola *f = apri(QStringLiteral("FormmemSS"));
+        f->mnuEsci->trigger();
+        QVERIFY(f->FrameUscita->isVisible());
+        QVERIFY(PuntatoreConfinato());
+        QCOMPARE(RettangoloConfinamento(), QRect(f->FrameUscita->mapToGlobal(QPoint(0, 0)), f->FrameUscita->size()));
+        QCOMPARE(f->FrameUscita->LabelSi->text(), TestoLingua(QStringLiteral("0005")));
+        QCOMPARE(f->FrameUscita->LabelNo->text(), TestoLingua(QStringLiteral("0004")));
+        QTest::mouseClick(f->FrameUscita->CommandNo, Qt::LeftButton);
+        QVERIFY(!f->FrameUscita->isVisible());
+        QVERIFY(!PuntatoreConfinato());
+        QCOMPARE(Schermi::Corrente(), f);
+    }
+
+    void yesGoesToTheMenuAndUnloadsTheBoard()
+    {
+        FormTavola *f = apri(QStringLiteral("FormmemSS"));
+        QPointer<FormTavola> guardia = f;
+        f->mnuEsci->trigger();
+        QTest::mouseClick(f->FrameUscita->PictureSi, Qt::LeftButton);
+        QVERIFY(!PuntatoreConfinato());
+        QCOMPARE(Schermi::Corrente()->objectName(), QStringLiteral("FormMenu"));
+        QVERIFY(!Schermi::Riferimento(QStringLiteral("FormmemSS")));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(guardia.isNull());
+    }
+
+    void aBoardClosedByOtherMeansFreesThePointer()
+    {
+        FormTavola *f = apri(QStringLiteral("FormmemSS"));
+        f->mnuEsci->trigger();
+        QVERIFY(PuntatoreConfinato());
+        Schermi::Scarica(f);
+        QVERIFY(!PuntatoreConfinato());
+    }
+
+    void theBoxTakesTheCentreOfTheFormAndTwoOpeningsLeaveItThere()
+    {
+        FormTavola *f = apri(QStringLiteral("FormmemSS"));
+        f->mnuEsci->trigger();
+        const QRect prima = f->FrameUscita->geometry();
+        const GeometriaTwips g = LeggiGeometria(f->FrameUscita);
+        QCOMPARE(int(g.Left), (15360 - int(std::round(g.Width))) / 2);
+        f->mnuEsci->trigger();
+        QCOMPARE(f->FrameUscita->geometry(), prima);
+        QCOMPARE(QApplication::focusWidget(), f->FrameUscita->CommandSi);
+    }
+
+    void movingFromNoStraightOntoYesSwapsTheColoursWithoutTheRestState()
+    {
+        FormTavola *f = apri(QStringLiteral("FormmemSS"));
+        f->mnuEsci->trigger();
+        FrameUscitaTavola *u = f->FrameUscita;
+        muovi(u->PictureNo);
+        QCOMPARE(u->CommandNo->Colore(), FinestraUscita::ColoreIndicato);
+        QCOMPARE(u->PictureNo->palette().color(QPalette::Window), QColor(255, 0, 0));
+        QCOMPARE(u->CommandSi->Colore(), FinestraUscita::ColoreRiposo);
+        muovi(u->PictureSi);
+        QCOMPARE(u->CommandSi->Colore(), FinestraUscita::ColoreIndicato);
+        QCOMPARE(u->CommandNo->Colore(), FinestraUscita::ColoreRiposo);
+        QCOMPARE(u->PictureSi->palette().color(QPalette::Window), QColor(255, 0, 0));
+        muovi(u);
+        QCOMPARE(u->CommandSi->Colore(), FinestraUscita::ColoreRiposo);
+        QCOMPARE(u->PictureSi->palette().color(QPalette::Window), QColor(0xE0, 0xE0, 0xE0));
+    }
+
+    void aVeryShortTextGetsABigFontThatJustReachesTheLabelWidth()
+    {
+        ScriviVoce(PercorsoFileLingua(QStringLiteral("Italiano")), QStringLiteral("Strings"), QStringLiteral("0005"),
+                   QStringLiteral("S"));
+        ScriviVoce(PercorsoFileLingua(QStringLiteral("Italiano")), QStringLiteral("Strings"), QStringLiteral("0004"),
+                   QStringLiteral("N"));
+        FormTavola *f = apri(QStringLiteral("FormmemSS"));
+        f->mnuEsci->trigger();
+        QLabel *l = f->FrameUscita->LabelSi;
+        QCOMPARE(l->text(), QStringLiteral("S"));
+        const double punti = l->font().pointSizeF();
+        QVERIFY2(punti > 40, qPrintable(QString::number(punti)));
+        auto larghezza = [&](double p) {
+            QFont fo = l->font();
+            fo.setPointSizeF(p);
+            return QFontMetricsF(fo).horizontalAdvance(QStringLiteral("N")) * TwipsPerPixel;
+        };
+        const double etichetta = LeggiGeometria(l).Width;
+        QVERIFY(larghezza(punti) >= etichetta);
+        QVERIFY(larghezza(punti - 1) < etichetta);
+    }
+
+    void inManualScanningOnGGSpaceReachesTheFormWithoutTheFocusHolder()
+    {
+        Profilo.ModoInput = ModoInputValori::ScansioneManuale;
+        for (int i = 0; i < 6; ++i) {
+            ScriviImmagine(amb->Casa(), QStringLiteral("a%1.png").arg(i));
+            ScriviImmagine(amb->Casa(), QStringLiteral("b%1.png").arg(i));
+        }
+        const QString casa = amb->Casa();
+        FileMemory = ScriviSet(casa, QStringLiteral("g.agg"), 6, {}, [casa](int i, int c) {
+            return QStringLiteral("%1/%2%3.png").arg(casa).arg(QChar(c == 1 ? u'a' : u'b')).arg(i);
+        });
+        FormTavola *f = apri(QStringLiteral("FormmemGG"));
+        QVERIFY(!f->Timer2.isActive());
+        tasto(f, Qt::Key_Space);
+        QCOMPARE(f->Partita().PostoEvidenziato, qint16(1));
+        tasto(f, Qt::Key_Space, f->PictureScansione);
+        QCOMPARE(f->Partita().PostoEvidenziato, qint16(2));
+        tasto(f, Qt::Key_Return);
+        QVERIFY(!f->FramePosto[2]->isVisible());
+    }
+
+    void onSSKeysWorkOnlyThroughTheFocusHolder()
+    {
+        Profilo.ModoInput = ModoInputValori::Tastiera;
+        FormTavola *f = apri(QStringLiteral("FormmemSS"));
+        f->Timer2.stop();
+        tasto(f, Qt::Key_Right, f->FrameUscita->CommandSi);
+        QCOMPARE(f->Partita().PostoEvidenziato, qint16(0));
+        tasto(f, Qt::Key_Right, f->PictureScansione);
+        QCOMPARE(f->Partita().PostoEvidenziato, qint16(1));
+        QCOMPARE(f->FramePosto[1]->palette().color(QPalette::Window), ColoreDaNumero(Profilo.ColoreScansione));
+    }
+
+    void onPGTheFocusTickTakesTheFocusFromYesAlsoInMouseMode()
+    {
+        ScriviImmagine(amb->Casa(), QStringLiteral("a.png"));
+        const QString casa = amb->Casa();
+        FileMemory = ScriviSet(casa, QStringLiteral("p.apg"), 6, {}, [casa](int i, int c) {
+            return c == 1 ? QStringLiteral("parola%1").arg(i) : casa + QStringLiteral("/a.png");
+        });
+        FormTavola *f = apri(QStringLiteral("FormmemPG"));
+        f->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(f));
+        QVERIFY(f->Timer2.isActive());
+        QCOMPARE(f->Timer2.interval(), 10);
+        f->mnuEsci->trigger();
+        QCOMPARE(QApplication::focusWidget(), f->FrameUscita->CommandSi);
+        QTRY_COMPARE(QApplication::focusWidget(), f->PictureScansione);
+    }
+
+    void onPSInMouseModeYesKeepsTheFocus()
+    {
+        FileMemory = ScriviSet(amb->Casa(), QStringLiteral("p.aps"), 6, {}, [](int i, int c) {
+            return c == 1 ? QStringLiteral("parola%1").arg(i) : QStringLiteral("x.swf");
+        });
+        FormTavola *f = apri(QStringLiteral("FormmemPS"));
+        f->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(f));
+        f->mnuEsci->trigger();
+        QTest::qWait(60);
+        QCOMPARE(QApplication::focusWidget(), f->FrameUscita->CommandSi);
+    }
+
+    void theWordsOfAWordBoardShowAtOneSize()
+    {
+        FileMemory = ScriviSet(amb->Casa(), QStringLiteral("p.aps"), 6, {}, [](int i, int c) {
+            return c == 1 ? (i == 2 ? QStringLiteral("Elefante") : QStringLiteral("Re")) : QStringLiteral("x.swf");
+        });
+        FormTavola *f = apri(QStringLiteral("FormmemPS"));
+        for (int i = 0; i < 6; ++i) {
+            QCOMPARE(f->LabelParola1[i]->font().pointSizeF(), f->Partita().FontDimensionaFont);
+            QVERIFY(f->FrameTessera1[i]->isVisibleTo(f));
+        }
+    }
+
+    // --- the reward ------------------------------------------------------------
+
+    void aKeyInTheRewardsFirstSecondDoesNothingAndEnterAfterItCloses()
+    {
+        FormPremio *p = nullptr;
+        bool chiusoPresto = true, aperto = false;
+        QTimer::singleShot(5, [&] {
+            p = qobject_cast<FormPremio *>(Schermi::Riferimento(QStringLiteral("FormPremio")));
+            QVERIFY(p);
+            QVERIFY(!p->Command1->isEnabled());
+            QTest::keyClick(p->Command1, Qt::Key_Return);
+            QTest::keyClick(p, Qt::Key_Space);
+            chiusoPresto = !p->isVisible();
+            QTimer::singleShot(30, [&] {
+                aperto = p->isVisible() && p->Command1->isEnabled();
+                QTest::keyClick(p->Command1, Qt::Key_Space);
+            });
+        });
+        Schermi::MostraModale(QStringLiteral("FormPremio"));
+        QVERIFY(!chiusoPresto);
+        QVERIFY(aperto);
+        QVERIFY(!Schermi::Riferimento(QStringLiteral("FormPremio")));
+    }
+
+    void theRewardPlaysTheOnlyFilmOfTheFolder()
+    {
+        QDir().mkpath(amb->Programma() + QStringLiteral("/swf"));
+        AmbienteProva::Scrivi(amb->Programma() + QStringLiteral("/swf/unico.swf"), "FWS");
+        QString film;
+        QTimer::singleShot(5, [&] {
+            auto *p = qobject_cast<FormPremio *>(Schermi::Riferimento(QStringLiteral("FormPremio")));
+            film = p->ShockwaveFlash1->Movie();
+            QTimer::singleShot(30, [p] { p->Command1->click(); });
+        });
+        Schermi::MostraModale(QStringLiteral("FormPremio"));
+        QVERIFY(film.endsWith(QLatin1String("\\swf\\unico.swf")));
+    }
+
+    void aRewardWithNoFilmsShowsItsColourAndButtonAndNoMessage()
+    {
+        bool vuoto = false;
+        QTimer::singleShot(5, [&] {
+            auto *p = qobject_cast<FormPremio *>(Schermi::Riferimento(QStringLiteral("FormPremio")));
+            vuoto = p->ShockwaveFlash1->NomeMotore().isEmpty() && p->Command1->isVisible();
+            QTimer::singleShot(30, [p] { p->Command1->click(); });
+        });
+        Schermi::MostraModale(QStringLiteral("FormPremio"));
+        QVERIFY(vuoto);
+        QVERIFY(amb->scatole.empty());
+    }
+};
+
+QTEST_MAIN(TestSchermiTavola)
+#include "test_schermi_tavola.moc"
