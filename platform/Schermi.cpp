@@ -141,6 +141,16 @@ QList<Form *> Aperti()
     return r;
 }
 
+QStringList Nomi()
+{
+    QStringList r;
+    for (auto it = registro().cbegin(); it != registro().cend(); ++it)
+        if (it->fabbrica)
+            r << it.key();
+    r.sort();
+    return r;
+}
+
 void ScaricaTuttiPerProve()
 {
     for (Form *f : Aperti())

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -45,5 +46,6 @@ int MostraModale(const QString &nome);  // nested loop; the opener is activated 
 void Scarica(Form *form);               // unloads; the reference becomes empty
 Form *Corrente();
 QList<Form *> Aperti();
+QStringList Nomi(); // every registered screen
 void ScaricaTuttiPerProve();
 } // namespace Schermi
