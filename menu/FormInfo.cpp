@@ -28,7 +28,7 @@ QLabel *nuovoBlocco(const QString &nome, QWidget *padre, const GeometriaTwips &g
     l->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     l->setMargin(6);
     QFont f(QStringLiteral("Arial"));
-    f.setPointSize(11);
+    f.setPointSize(15);
     l->setFont(f);
     l->setAutoFillBackground(true);
     QPalette p = l->palette();
@@ -65,7 +65,7 @@ FormInfo::FormInfo() : Form(QStringLiteral("FormInfo"), LarghezzaProgetto, Altez
     Command1->setAccessibleName(QStringLiteral("Chiudi"));
     QFont f(QStringLiteral("Comic Sans MS"));
     f.setBold(true);
-    f.setPointSize(16);
+    f.setPointSize(22);
     Command1->setFont(f);
     ScriviGeometria(Command1, {5520, 5040, 2655, 975});
     connect(Command1, &QPushButton::clicked, this, &FormInfo::Command1_Click);

@@ -139,6 +139,8 @@ void FormMenu::Timer1_Timer()
     // 11. A lone player is not offered a choice.
     if (Combo1->count() > 1) {
         ImpostaPunti(Combo1, qMax(14, LabelGioca->font().pointSize() - 20));
+        // A drop-down list takes the height of its font, whatever its design height.
+        Combo1->resize(Combo1->width(), Combo1->sizeHint().height());
         Combo1->show();
     } else {
         Combo1->hide();
