@@ -1,6 +1,9 @@
 #include "platform/media/Filmato.h"
 
 #include "platform/Percorsi.h"
+#ifdef COPPIE_CON_MOTORE_SWF
+#include "platform/media/MotoreSwf.h"
+#endif
 
 #include <QBuffer>
 #include <QFile>
@@ -114,6 +117,9 @@ QList<MotoreRegistrato> &motori()
                                   return QImageReader(&b).canRead();
                               },
                               [](QWidget *g) { return std::make_unique<MotoreImmagineAnimata>(g); }};
+#ifdef COPPIE_CON_MOTORE_SWF
+        l << MotoreSwf(); // last, so asked first
+#endif
         return l;
     }();
     return m;
