@@ -27,6 +27,7 @@ QLabel *nuovoBlocco(const QString &nome, QWidget *padre, const GeometriaTwips &g
     l->setWordWrap(true);
     l->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     l->setMargin(6);
+    l->setProperty("TestoDalProgramma", true); // built at activation
     QFont f(QStringLiteral("Arial"));
     f.setPointSize(15);
     l->setFont(f);

@@ -353,6 +353,7 @@ void FormMenu::MLSFillMenuLanguages()
             ImpostaIndice(a, i);
             a->setCheckable(true);
             a->setVisible(true);
+            a->setProperty("TestoDalProgramma", true);
             connect(a, &QAction::triggered, this, [this, i] { mnuLanguage_Click(i); });
             mnuLanguage << a;
         }

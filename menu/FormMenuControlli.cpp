@@ -242,6 +242,9 @@ void FormMenu::creaControlli()
     LabelDimensionaFont->setFont(fontDi(QStringLiteral("Arial"), 12, false));
     ScriviGeometria(LabelDimensionaFont, {360, 120, 2085, 330});
     LabelDimensionaFont->hide();
+    // Texts the program writes itself: the language files have no keys for them.
+    for (QObject *o : std::initializer_list<QObject *>{LabelDimensionaFont, LabelSi, LabelNo})
+        o->setProperty("TestoDalProgramma", true);
 
     Timer1 = new QTimer(this);
     Timer1->setObjectName(QStringLiteral("Timer1"));
@@ -341,6 +344,7 @@ void FormMenu::creaMenu()
     primo->setObjectName(QStringLiteral("mnuLanguage"));
     ImpostaIndice(primo, 0);
     primo->setCheckable(true);
+    primo->setProperty("TestoDalProgramma", true);
     connect(primo, &QAction::triggered, this, [this] { mnuLanguage_Click(0); });
     mnuLanguage << primo;
 }

@@ -59,6 +59,7 @@ FormNomi::FormNomi() : Form(QStringLiteral("FormNomi"), LarghezzaProgetto, Altez
     Label1->setAlignment(Qt::AlignCenter);
     Label1->setFont(grande);
     ScriviGeometria(Label1, {720, 240, 5415, 495});
+    Label1->setProperty("TestoDalProgramma", true); // replaced at load by a message text
 
     const double tops[3] = {840, 1800, 2760};
     for (int i = 0; i < 3; ++i) {
