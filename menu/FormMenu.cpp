@@ -5,9 +5,7 @@
 #include "menu/MisuraTesto.h"
 #include "menu/ModuloNavigate.h"
 #include "menu/SceltaMemory.h"
-#include "platform/Colori.h"
 #include "platform/Controlli.h"
-#include "platform/CursoreGioco.h"
 #include "platform/Errori.h"
 #include "platform/IstanzaUnica.h"
 #include "platform/MsgBox.h"
@@ -23,13 +21,10 @@
 #include <QComboBox>
 #include <QFrame>
 #include <QGroupBox>
-#include <QIcon>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
-#include <QMenuBar>
 #include <QPushButton>
-#include <QResizeEvent>
 #include <QTimer>
 
 #include <algorithm>

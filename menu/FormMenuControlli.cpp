@@ -1,23 +1,10 @@
 #include "menu/FormMenu.h"
 
-#include "lang/modLanguageSupport.h"
 #include "menu/ControlliMenu.h"
-#include "menu/MisuraTesto.h"
-#include "menu/ModuloNavigate.h"
 #include "menu/SceltaMemory.h"
 #include "platform/Colori.h"
 #include "platform/Controlli.h"
-#include "platform/CursoreGioco.h"
-#include "platform/Errori.h"
-#include "platform/IstanzaUnica.h"
-#include "platform/MsgBox.h"
-#include "platform/Percorsi.h"
-#include "platform/Puntatore.h"
 #include "platform/Twips.h"
-#include "platform/clsResize.h"
-#include "profiles/CartelleDati.h"
-#include "profiles/Profilo.h"
-#include "profiles/StatoProcesso.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -31,8 +18,6 @@
 #include <QPushButton>
 #include <QResizeEvent>
 #include <QTimer>
-
-#include <algorithm>
 
 static void caricaRisorseMenu() { Q_INIT_RESOURCE(menu); }
 
