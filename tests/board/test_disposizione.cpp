@@ -35,19 +35,33 @@ private slots:
         QTEST(int(d.NumeroColonne), "colonne");
     }
 
-    void onAWideScreenTheWidthBoundDoesNotBite_data()
+    void layoutsOnA1920By1080Screen_data()
     {
         QTest::addColumn<int>("tessere");
         QTest::addColumn<int>("lato");
-        QTest::newRow("24 tiles, from H / 5") << 24 << 3240;
-        QTest::newRow("4 tiles, from H / 3") << 4 << 5400;
+        QTest::addColumn<int>("alto");
+        QTest::addColumn<int>("spazio");
+        QTest::addColumn<int>("sinistro");
+        QTest::newRow("4") << 4 << 5400 << 1350 << 1350 << 8325;
+        QTest::newRow("6") << 6 << 5400 << 1350 << 1350 << 4950;
+        QTest::newRow("8") << 8 << 5400 << 1800 << 900 << 2250;
+        QTest::newRow("12") << 12 << 4050 << 675 << 675 << 5288;
+        QTest::newRow("16") << 16 << 3240 << 324 << 324 << 7434;
+        QTest::newRow("18") << 18 << 4050 << 1012 << 253 << 1618;
+        QTest::newRow("24, from H / 5: the width bound does not bite") << 24 << 3240 << 810 << 202 << 4175;
     }
-    void onAWideScreenTheWidthBoundDoesNotBite()
+    void layoutsOnA1920By1080Screen()
     {
         QFETCH(int, tessere);
         Disposizione d;
         QVERIFY(CalcolaDisposizione(tessere, 28800, 16200, &d));
         QTEST(int(d.LatoTessera), "lato");
+        QTEST(int(d.MargineAlto), "alto");
+        QTEST(int(d.SpazioTessere), "spazio");
+        QTEST(int(d.MargineSinistro), "sinistro");
+        // On this wide screen no count is bounded by the width.
+        const int a[] = {0, 0, 0, 0, 3, 0, 3, 0, 3, 0, 0, 0, 4, 0, 0, 0, 5, 0, 4, 0, 0, 0, 0, 0, 5};
+        QCOMPARE(d.LatoTessera, Arrotonda16(16200.0 / a[tessere]));
     }
 
     void at4By3TheWidthBoundDecidesFor8_18_24Only_data()

@@ -176,6 +176,29 @@ private slots:
         QVERIFY(guardia.isNull());
     }
 
+    void yesDuringTheCompareWaitLeavesTheBoardOnceTheMoveIsOver()
+    {
+        FormTavola *f = apri(QStringLiteral("FormmemSS"));
+        QPointer<FormTavola> guardia = f;
+        Tavola &t = f->Partita();
+        int b = 1;
+        while (t.FramePosto[b].Tag == t.FramePosto[0].Tag)
+            ++b;
+        clicca(f, 0);
+        bool durante = false;
+        QTimer::singleShot(1, [&] {
+            durante = !f->mnuAvvia->isEnabled();
+            f->mnuEsci->trigger();
+            QTest::mouseClick(f->FrameUscita->CommandSi, Qt::LeftButton);
+        });
+        clicca(f, b);
+        QVERIFY(durante);
+        QCOMPARE(Schermi::Corrente()->objectName(), QStringLiteral("FormMenu"));
+        QVERIFY(!PuntatoreConfinato());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(guardia.isNull());
+    }
+
     void aBoardClosedByOtherMeansFreesThePointer()
     {
         FormTavola *f = apri(QStringLiteral("FormmemSS"));
