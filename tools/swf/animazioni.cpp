@@ -1320,6 +1320,7 @@ void treno(Scena &s, const QTransform &b, double fase, int v)
 struct VoceSoggetto {
     const char *nome;
     const char *parola;
+    const char *articolo;
     Soggetto disegna;
     enum Scenario { Cielo, Prato, Mare, Notte, Strada, Binari } scenario;
     Col sfondo;
@@ -1328,30 +1329,30 @@ struct VoceSoggetto {
 const std::vector<VoceSoggetto> &catalogo()
 {
     static const std::vector<VoceSoggetto> c = {
-        {"sole", "sole", sole, VoceSoggetto::Cielo, rgb(0xb3e5fc)},
-        {"palla", "palla", palla, VoceSoggetto::Prato, rgb(0xe1f5fe)},
-        {"stella", "stella", stellaGrande, VoceSoggetto::Notte, rgb(0x283593)},
-        {"palloncino", "palloncino", palloncino, VoceSoggetto::Cielo, rgb(0xe1f5fe)},
-        {"pesce", "pesce", pesce, VoceSoggetto::Mare, rgb(0x4fc3f7)},
-        {"macchina", "macchina", macchina, VoceSoggetto::Strada, rgb(0xdcedc8)},
-        {"fiore", "fiore", fiore, VoceSoggetto::Prato, rgb(0xfff9c4)},
-        {"cuore", "cuore", cuore, VoceSoggetto::Cielo, rgb(0xfce4ec)},
-        {"luna", "luna", luna, VoceSoggetto::Notte, rgb(0x1a237e)},
-        {"nuvola", "nuvola", nuvolaPioggia, VoceSoggetto::Prato, rgb(0xcfd8dc)},
-        {"farfalla", "farfalla", farfalla, VoceSoggetto::Prato, rgb(0xe8f5e9)},
-        {"barca", "barca", barca, VoceSoggetto::Mare, rgb(0xb3e5fc)},
-        {"coccinella", "coccinella", coccinella, VoceSoggetto::Prato, rgb(0xc5e1a5)},
-        {"fragola", "fragola", fragola, VoceSoggetto::Cielo, rgb(0xffebee)},
-        {"mela", "mela", mela, VoceSoggetto::Cielo, rgb(0xf1f8e9)},
-        {"arcobaleno", "arcobaleno", arcobaleno, VoceSoggetto::Prato, rgb(0xb3e5fc)},
-        {"razzo", "razzo", razzo, VoceSoggetto::Notte, rgb(0x311b92)},
-        {"uccellino", "uccellino", uccellino, VoceSoggetto::Cielo, rgb(0xe3f2fd)},
-        {"girandola", "girandola", girandola, VoceSoggetto::Prato, rgb(0xfff3e0)},
-        {"ape", "ape", ape, VoceSoggetto::Prato, rgb(0xfffde7)},
-        {"albero", "albero", albero, VoceSoggetto::Prato, rgb(0xe1f5fe)},
-        {"casa", "casa", casa, VoceSoggetto::Prato, rgb(0xbbdefb)},
-        {"gelato", "gelato", gelato, VoceSoggetto::Cielo, rgb(0xf3e5f5)},
-        {"treno", "treno", treno, VoceSoggetto::Binari, rgb(0xe0f7fa)},
+        {"sole", "sole", "il", sole, VoceSoggetto::Cielo, rgb(0xb3e5fc)},
+        {"palla", "palla", "la", palla, VoceSoggetto::Prato, rgb(0xe1f5fe)},
+        {"stella", "stella", "la", stellaGrande, VoceSoggetto::Notte, rgb(0x283593)},
+        {"palloncino", "palloncino", "il", palloncino, VoceSoggetto::Cielo, rgb(0xe1f5fe)},
+        {"pesce", "pesce", "il", pesce, VoceSoggetto::Mare, rgb(0x4fc3f7)},
+        {"macchina", "macchina", "la", macchina, VoceSoggetto::Strada, rgb(0xdcedc8)},
+        {"fiore", "fiore", "il", fiore, VoceSoggetto::Prato, rgb(0xfff9c4)},
+        {"cuore", "cuore", "il", cuore, VoceSoggetto::Cielo, rgb(0xfce4ec)},
+        {"luna", "luna", "la", luna, VoceSoggetto::Notte, rgb(0x1a237e)},
+        {"nuvola", "nuvola", "la", nuvolaPioggia, VoceSoggetto::Prato, rgb(0xcfd8dc)},
+        {"farfalla", "farfalla", "la", farfalla, VoceSoggetto::Prato, rgb(0xe8f5e9)},
+        {"barca", "barca", "la", barca, VoceSoggetto::Mare, rgb(0xb3e5fc)},
+        {"coccinella", "coccinella", "la", coccinella, VoceSoggetto::Prato, rgb(0xc5e1a5)},
+        {"fragola", "fragola", "la", fragola, VoceSoggetto::Cielo, rgb(0xffebee)},
+        {"mela", "mela", "la", mela, VoceSoggetto::Cielo, rgb(0xf1f8e9)},
+        {"arcobaleno", "arcobaleno", "l'", arcobaleno, VoceSoggetto::Prato, rgb(0xb3e5fc)},
+        {"razzo", "razzo", "il", razzo, VoceSoggetto::Notte, rgb(0x311b92)},
+        {"uccellino", "uccellino", "l'", uccellino, VoceSoggetto::Cielo, rgb(0xe3f2fd)},
+        {"girandola", "girandola", "la", girandola, VoceSoggetto::Prato, rgb(0xfff3e0)},
+        {"ape", "ape", "l'", ape, VoceSoggetto::Prato, rgb(0xfffde7)},
+        {"albero", "albero", "l'", albero, VoceSoggetto::Prato, rgb(0xe1f5fe)},
+        {"casa", "casa", "la", casa, VoceSoggetto::Prato, rgb(0xbbdefb)},
+        {"gelato", "gelato", "il", gelato, VoceSoggetto::Cielo, rgb(0xf3e5f5)},
+        {"treno", "treno", "il", treno, VoceSoggetto::Binari, rgb(0xe0f7fa)},
     };
     return c;
 }
@@ -1526,6 +1527,15 @@ QString parolaDi(const QString &soggetto)
 {
     const VoceSoggetto *v = trova(soggetto);
     return v ? QString::fromLatin1(v->parola) : QString();
+}
+
+QString fraseDi(const QString &soggetto)
+{
+    const VoceSoggetto *v = trova(soggetto);
+    if (!v)
+        return {};
+    const QString articolo = QString::fromLatin1(v->articolo);
+    return articolo.endsWith(u'\'') ? articolo + QString::fromLatin1(v->parola) : articolo + u' ' + QString::fromLatin1(v->parola);
 }
 
 QByteArray creaFilm(const QString &nome, const Opzioni &o)

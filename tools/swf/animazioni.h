@@ -25,6 +25,9 @@ QStringList scenePremio();
 // Italian word for a subject, as spoken and written in the sets.
 QString parolaDi(const QString &soggetto);
 
+// The word with its article ("il sole", "l'ape"), for the second sound of a pair.
+QString fraseDi(const QString &soggetto);
+
 // A whole SWF file; empty for an unknown name.
 QByteArray creaFilm(const QString &nome, const Opzioni &o = {});
 

@@ -4,6 +4,7 @@
 // usage: swf_scrivi OUT.swf [NAME] [--fws|--cws|--zws] [--frames N] [--size WxH]
 //        swf_scrivi --list            names of subjects, then of reward scenes
 //        swf_scrivi --word NAME       the Italian word of a subject
+//        swf_scrivi --phrase NAME     the word with its article
 
 #include "animazioni.h"
 
@@ -29,6 +30,13 @@ int main(int argc, char **argv)
         if (p.isEmpty())
             return 1;
         std::printf("%s\n", qPrintable(p));
+        return 0;
+    }
+    if (a.size() >= 3 && a[1] == "--phrase") {
+        const QString p = swfanim::fraseDi(a[2]);
+        if (p.isEmpty())
+            return 1;
+        std::printf("%s\n", p.toUtf8().constData());
         return 0;
     }
     if (a.size() < 2) {
