@@ -366,6 +366,50 @@ private slots:
         QCOMPARE(img.pixel(1, 52), qRgb(0, 255, 0));
     }
 
+    // The picture cache shows again what it drew for the same state: the
+    // same pixels as drawing anew, loop after loop, and within its budget.
+    void pictureCacheDrawsTheSamePixelsAsDrawingAnew_data()
+    {
+        QTest::addColumn<QSize>("dimensione");
+        QTest::newRow("face") << QSize(120, 90);
+        QTest::newRow("large, past the budget") << QSize(900, 700);
+    }
+    void pictureCacheDrawsTheSamePixelsAsDrawingAnew()
+    {
+        QFETCH(QSize, dimensione);
+        const QByteArray dati = treFotogrammi();
+        swf::Filmato conCache, senza;
+        QVERIFY(conCache.caricaDati(dati) && senza.caricaDati(dati));
+        senza.impostaCacheQuadri(false);
+        const qint64 base = conCache.memoriaUsata();
+        auto disegna = [&](swf::Filmato &f) {
+            QImage img(dimensione, QImage::Format_ARGB32_Premultiplied);
+            img.fill(Qt::black);
+            QPainter p(&img);
+            f.disegna(p, QRectF(QPointF(0, 0), dimensione), true);
+            p.end();
+            return img;
+        };
+        QImage precedente;
+        for (int giro = 0; giro < 7; ++giro) {
+            const QImage a = disegna(conCache);
+            QCOMPARE(a, disegna(senza));
+            QVERIFY(a != precedente);  // the red square moved: not a stale picture
+            precedente = a;
+            conCache.avanza();
+            senza.avanza();
+        }
+        const qint64 tenuti = conCache.memoriaUsata() - base;
+        QVERIFY(tenuti <= 4 * 1024 * 1024 + dimensione.width() * dimensione.height() * 4);
+        if (dimensione.width() < 200)  // three frames of the square stage, 90 x 90 px, kept once each
+            QCOMPARE(tenuti, qint64(3) * 90 * 90 * 4);
+        // the film paused on a frame: still the same picture
+        conCache.ferma();
+        const QImage fermo = disegna(conCache);
+        conCache.avanza();
+        QCOMPARE(disegna(conCache), fermo);
+    }
+
     void memoryPerSmallFilmStaysSmall()
     {
         swf::Filmato f;

@@ -110,21 +110,50 @@ void Filmato::disegna(QPainter &painter, const QRectF &target, bool antialias) c
     const double fattore = std::clamp(dpr * sx, 0.25, 4.0);
     QSize px(std::max(1, static_cast<int>(std::ceil(dim.width() * fattore))),
              std::max(1, static_cast<int>(std::ceil(dim.height() * fattore))));
-    if (d->tampone.size() != px)
-        d->tampone = QImage(px, QImage::Format_ARGB32_Premultiplied);
-    QImage &img = d->tampone;
-    if (img.isNull())
-        return;
-    img.fill(coloreSfondo());
-    OpzioniDisegno o;
-    o.antialias = antialias;
-    o.scalaScena = scala * fattore;
-    const QTransform t = QTransform::fromTranslate(-d->film->scena.left() / 20.0, -d->film->scena.top() / 20.0) *
-                         QTransform::fromScale(scala * fattore, scala * fattore);
-    disegnaFilm(img, *d, t, o);
+    auto &cache = d->cacheQuadri;
+    if (cache.dimensione != px || cache.antialias != antialias) {
+        cache.svuota();
+        cache.dimensione = px;
+        cache.antialias = antialias;
+    }
+    const uint64_t firma = cache.attiva ? d->firmaStato() : 0;
+    const QImage *pronta = nullptr;
+    if (auto it = cache.quadri.find(firma); cache.attiva && it != cache.quadri.end()) {
+        pronta = &it->second;
+    } else {
+        const qint64 byte = static_cast<qint64>(px.width()) * px.height() * 4;
+        const bool tieni = cache.attiva && cache.byte + byte <= Riproduzione::kByteCacheQuadri;
+        QImage nuova;
+        if (!tieni && d->tampone.size() != px)
+            d->tampone = QImage(px, QImage::Format_ARGB32_Premultiplied);
+        QImage &img = tieni ? nuova : d->tampone;
+        if (tieni)
+            img = QImage(px, QImage::Format_ARGB32_Premultiplied);
+        if (img.isNull())
+            return;
+        img.fill(coloreSfondo());
+        OpzioniDisegno o;
+        o.antialias = antialias;
+        o.scalaScena = scala * fattore;
+        const QTransform t = QTransform::fromTranslate(-d->film->scena.left() / 20.0, -d->film->scena.top() / 20.0) *
+                             QTransform::fromScale(scala * fattore, scala * fattore);
+        disegnaFilm(img, *d, t, o);
+        if (tieni) {
+            cache.byte += byte;
+            pronta = &cache.quadri.emplace(firma, std::move(nuova)).first->second;
+        } else {
+            pronta = &d->tampone;
+        }
+    }
+    const QImage &img = *pronta;
     painter.save();
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, antialias);
-    painter.drawImage(QRectF(origine, dim), img);
+    if (fattore == 1.0 && !painter.transform().isScaling()) {
+        // one pixel of the picture to one of the device: a plain copy, no resampling
+        painter.drawImage(QPoint(static_cast<int>(std::lround(origine.x())), static_cast<int>(std::lround(origine.y()))), img);
+    } else {
+        painter.setRenderHint(QPainter::SmoothPixmapTransform, antialias);
+        painter.drawImage(QRectF(origine, dim), img);
+    }
     painter.restore();
 }
 
@@ -148,11 +177,20 @@ QImage Filmato::immagine(const QSize &dimensione, bool antialias) const
     return img;
 }
 
+void Filmato::impostaCacheQuadri(bool attiva)
+{
+    if (!d)
+        return;
+    d->cacheQuadri.attiva = attiva;
+    if (!attiva)
+        d->cacheQuadri.svuota();
+}
+
 qint64 Filmato::memoriaUsata() const
 {
     if (!d)
         return 0;
-    qint64 tot = sizeof(Riproduzione) + sizeof(Film);
+    qint64 tot = sizeof(Riproduzione) + sizeof(Film) + d->cacheQuadri.byte + d->tampone.sizeInBytes();
     for (auto &[id, def] : d->film->definizioni) {
         tot += 64;
         if (def.bitmap)

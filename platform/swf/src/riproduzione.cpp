@@ -248,4 +248,73 @@ void Riproduzione::passo()
     eseguiCoda();
 }
 
+namespace {
+
+struct Firma {
+    uint64_t h = 0xcbf29ce484222325ull;
+    void byte(const void *p, size_t n)
+    {
+        const auto *b = static_cast<const unsigned char *>(p);
+        for (size_t i = 0; i < n; ++i) {
+            h ^= b[i];
+            h *= 0x100000001b3ull;
+        }
+    }
+    template <typename T>
+    void val(const T &v) { byte(&v, sizeof v); }
+    void matrice(const QTransform &m)
+    {
+        const double v[6] = {m.m11(), m.m12(), m.m21(), m.m22(), m.dx(), m.dy()};
+        byte(v, sizeof v);
+    }
+};
+
+void firmaClip(Firma &f, const Clip &c, int annidamento)
+{
+    if (annidamento > kMaxNesting)
+        return;
+    f.val(c.lista.size());
+    for (const auto &[prof, i] : c.lista) {
+        f.val(prof);
+        f.val(i->carattere);
+        f.val(static_cast<int>(i->def.tipo));
+        f.matrice(i->matrice);
+        const double cx[8] = {i->colore.mr, i->colore.mg, i->colore.mb, i->colore.ma, i->colore.ar, i->colore.ag, i->colore.ab, i->colore.aa};
+        f.byte(cx, sizeof cx);
+        f.val(i->rapporto);
+        f.val(i->clip);
+        f.val(i->fusione);
+        f.val(i->visibile);
+        f.val(i->filtri.size());
+        for (const Filtro &k : i->filtri) {
+            f.val(static_cast<int>(k.tipo));
+            const double v[6] = {k.bx, k.by, k.angolo, k.distanza, k.forza, static_cast<double>(k.passaggi)};
+            f.byte(v, sizeof v);
+            f.val(k.colore.r); f.val(k.colore.g); f.val(k.colore.b); f.val(k.colore.a);
+            f.val(k.interno); f.val(k.knockout); f.val(k.soloOggetto);
+            f.byte(k.matrice.data(), sizeof(float) * k.matrice.size());
+        }
+        if (i->def.campo) {
+            const QString &t = i->def.campo->testo;
+            f.byte(t.constData(), static_cast<size_t>(t.size()) * sizeof(QChar));
+        }
+        if (i->figli) {
+            f.val(i->figli->corrente);
+            firmaClip(f, *i->figli, annidamento + 1);
+        }
+    }
+}
+
+} // namespace
+
+uint64_t Riproduzione::firmaStato() const
+{
+    Firma f;
+    if (radice) {
+        f.val(radice->corrente);
+        firmaClip(f, *radice, 0);
+    }
+    return f.h;
+}
+
 } // namespace swf

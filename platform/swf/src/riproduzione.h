@@ -51,6 +51,20 @@ struct Riproduzione {
     uint64_t tick = 0;
     QImage tampone;  // reused by every draw of the same size
 
+    // Films loop: a picture already drawn for the same state of the display
+    // list, at the same size, is shown again instead of being drawn anew.
+    struct CacheQuadri {
+        QSize dimensione;
+        bool antialias = true;
+        qint64 byte = 0;
+        bool attiva = true;
+        std::map<uint64_t, QImage> quadri;
+        void svuota() { quadri.clear(); byte = 0; }
+    } cacheQuadri;
+    static constexpr qint64 kByteCacheQuadri = 4 * 1024 * 1024;
+    // A fingerprint of everything that decides the picture of the current frame.
+    uint64_t firmaStato() const;
+
     // Back to the state before the first frame, then shows frame 1.
     void inizia();
     // One tick: every clip advances, then the queued scripts run.

@@ -60,6 +60,11 @@ public:
     // Renders into a fresh image the given size (e.g. for tests and thumbnails).
     QImage immagine(const QSize &dimensione, bool antialias) const;
 
+    // disegna() keeps the pictures it drew, up to a few megabytes, and shows
+    // one again when the film comes back to the same state (every loop).
+    // On for every film loaded; off, every frame is drawn anew.
+    void impostaCacheQuadri(bool attiva);
+
     // Rough bytes held by this film (file data, decoded bitmaps, caches).
     qint64 memoriaUsata() const;
 
