@@ -265,6 +265,12 @@ void FormTavola::Form_Resize()
     Form::Form_Resize();
     if (BarraMenu)
         BarraMenu->setGeometry(0, 0, width(), BarraMenu->sizeHint().height());
+    // The form's inner area begins below the menu bar.
+    if (PictureScansione && tavola) {
+        const double scala = double(height()) / PixelDaTwips(tavola->Imp.AltezzaProgetto);
+        PictureScansione->move(PictureScansione->x(),
+                               qRound(PixelDaTwips(tavola->Imp.PictureScansione.y()) * scala) + alto());
+    }
     if (StatusBar1) {
         const int h = qMax(24, QFontMetrics(Pannello[0]->font()).height() + 8);
         StatusBar1->setGeometry(0, height() - h, width(), h);
