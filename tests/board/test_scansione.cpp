@@ -432,6 +432,54 @@ private slots:
         QVERIFY(t->FramePosto[0].Visible && t->FramePosto[b].Visible);
     }
 
+    void onGGCSInKeyboardModeTheStartFramesPlaceZeroWithoutASearch()
+    {
+        Profilo.ModoInput = ModoInputValori::Tastiera;
+        Profilo.SpessoreRiquadro = 7;
+        setImmagini(6);
+        auto t = tavola(TavolaGGCS());
+        t->Form_Activate();
+        QCOMPARE(t->PostoEvidenziato, qint16(0));
+        QVERIFY(t->ShapeRiquadro.Visible);
+        QCOMPARE(t->ShapeRiquadro.Left, qint16(t->FramePosto[0].Left - 7));
+        for (const Copertura &c : t->FramePosto)
+            QCOMPARE(c.BackColor, Profilo.ColoreTessere);
+    }
+
+    void onGGCSInKeyboardModeTheHighlightGoesOnFromWhereItIsAfterAMove()
+    {
+        Profilo.ModoInput = ModoInputValori::Tastiera;
+        setImmagini(6);
+        auto t = tavola(TavolaGGCS());
+        t->Form_Activate();
+        t->PostoEvidenziato = 5;
+        QCOMPARE(tasto(*t, CodiciTasto::Invio, OrigineTasto::Form), 0);
+        QCOMPARE(t->PostoEvidenziato, qint16(6));
+        int b = 7;
+        while (t->FramePosto[b].Tag == t->FramePosto[5].Tag)
+            ++b;
+        t->PostoEvidenziato = qint16(b);
+        tasto(*t, CodiciTasto::Invio, OrigineTasto::Form);
+        // No restart from the first place, as the other boards do.
+        QCOMPARE(int(t->PostoEvidenziato), b + 1 < 12 ? b + 1 : 0);
+    }
+
+    void onTheOtherBoardsInKeyboardModeTheHighlightRestartsAfterAMove()
+    {
+        Profilo.ModoInput = ModoInputValori::Tastiera;
+        setFilm(6);
+        auto t = tavola();
+        t->Form_Activate();
+        t->PostoEvidenziato = 5;
+        tasto(*t, CodiciTasto::Invio);
+        int b = 7;
+        while (t->FramePosto[b].Tag == t->FramePosto[5].Tag)
+            ++b;
+        t->PostoEvidenziato = qint16(b);
+        tasto(*t, CodiciTasto::Invio);
+        QCOMPARE(t->PostoEvidenziato, qint16(0));
+    }
+
     void theExitTouchesTimer2AsEachBoardDoes_data()
     {
         QTest::addColumn<QString>("tavola");
