@@ -105,6 +105,40 @@ private slots:
         QVERIFY(!f->mnuAvvia->text().isEmpty());
     }
 
+    void eachBoardHasTheControlsOfItsDesign_data()
+    {
+        QTest::addColumn<QString>("tavola");
+        QTest::addColumn<QStringList>("presenti");
+        QTest::addColumn<QStringList>("assenti");
+        QTest::newRow("SS") << "FormmemSS" << QStringList{"ShockwaveFlash1", "ShockwaveFlash2", "PictureScansione"}
+                            << QStringList{"Image1", "FrameTessera1", "Shape1"};
+        QTest::newRow("PS") << "FormmemPS" << QStringList{"FrameTessera1", "LabelParola1", "ShockwaveFlash1"}
+                            << QStringList{"ShockwaveFlash2", "Image1"};
+        QTest::newRow("GG") << "FormmemGG" << QStringList{"Image1", "Image2", "TMaxAni1", "TMaxAni2"}
+                            << QStringList{"ShockwaveFlash1", "FrameTessera1"};
+        QTest::newRow("PG") << "FormmemPG" << QStringList{"FrameTessera1", "LabelParola1", "Image2", "TMaxAni1"}
+                            << QStringList{"Image1", "TMaxAni2"};
+        QTest::newRow("GGCS") << "FormmemGGCS" << QStringList{"Image1", "Image2", "TMaxAni1", "TMaxAni2", "Shape1"}
+                              << QStringList{"PictureScansione"};
+    }
+    void eachBoardHasTheControlsOfItsDesign()
+    {
+        QFETCH(QString, tavola);
+        QFETCH(QStringList, presenti);
+        QFETCH(QStringList, assenti);
+        FormTavola f(*TavolaDiNome(tavola));
+        for (const QString &n : presenti) {
+            const auto trovati = f.findChildren<QWidget *>(n);
+            QVERIFY2(!trovati.isEmpty(), qPrintable(n));
+            if (n != QLatin1String("PictureScansione") && n != QLatin1String("Shape1"))
+                QCOMPARE(trovati.size(), 12);
+        }
+        for (const QString &n : assenti)
+            QVERIFY2(f.findChildren<QWidget *>(n).isEmpty(), qPrintable(n));
+        QCOMPARE(f.findChildren<QWidget *>(QStringLiteral("FramePosto")).size(), 24);
+        QCOMPARE(f.objectName(), tavola);
+    }
+
     void aWholeGameIsPlayedWithTheMouseToTheRewardAndANewGameStarts()
     {
         Profilo.NumeroTessere = 4;
