@@ -3,6 +3,7 @@
 #include "swf/filmato.h"
 
 #include <QImage>
+#include <QPainter>
 
 #include <cstddef>
 #include <cstdint>
@@ -16,6 +17,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         f.avanza();
     QImage img = f.immagine(QSize(48, 48), size % 2 == 0);
     (void)img;
+    // the faces' path: drawn twice into a painter, the second time from the picture cache
+    QImage faccia(40, 30, QImage::Format_ARGB32_Premultiplied);
+    for (int i = 0; i < 2; ++i) {
+        QPainter p(&faccia);
+        f.disegna(p, QRectF(0, 0, 40, 30), true);
+    }
     f.vaiAlFotogramma(1);
     return 0;
 }

@@ -30,11 +30,60 @@ double scalaDi(const QTransform &m)
 double lineare(double c) { c /= 255.0; return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); }
 double gamma(double c) { c = c <= 0.0031308 ? c * 12.92 : 1.055 * std::pow(c, 1 / 2.4) - 0.055; return std::clamp(c * 255.0, 0.0, 255.0); }
 
+// Ratios that go back or repeat: the colour table is filled entry by entry,
+// stepping to the next record at most once per entry, so a repeated ratio
+// still shows each of its colours for one entry and a ratio that goes back
+// takes effect one entry later. Each entry is then a band of its own.
+QGradientStops tabellaDisordinata(const Gradiente &g, const ColorTransform &cx)
+{
+    // the reference player reads radial tables half an entry further out
+    const double spostamento = g.tipo == Gradiente::Lineare ? 0.0 : 0.5;
+    const size_t n = g.stop.size();
+    std::vector<QColor> colori;
+    for (auto &[r, c] : g.stop)
+        colori.push_back(cx.applica(c));
+    auto mescola = [&](const QColor &a, const QColor &b, double t) {
+        if (g.interp == 1) {
+            auto m = [&](int x, int y) { return gamma(lineare(x) + (lineare(y) - lineare(x)) * t) / 255.0; };
+            return QColor::fromRgbF(static_cast<float>(m(a.red(), b.red())), static_cast<float>(m(a.green(), b.green())),
+                                    static_cast<float>(m(a.blue(), b.blue())), static_cast<float>(a.alphaF() + (b.alphaF() - a.alphaF()) * t));
+        }
+        return QColor::fromRgbF(static_cast<float>(a.redF() + (b.redF() - a.redF()) * t), static_cast<float>(a.greenF() + (b.greenF() - a.greenF()) * t),
+                                static_cast<float>(a.blueF() + (b.blueF() - a.blueF()) * t), static_cast<float>(a.alphaF() + (b.alphaF() - a.alphaF()) * t));
+    };
+    QGradientStops s;
+    size_t i = 0;
+    for (int k = 0; k < 256; ++k) {
+        if (i + 1 < n && g.stop[i + 1].first <= k)
+            ++i;
+        QColor c = colori[i];
+        if (i + 1 < n) {
+            const int r0 = g.stop[i].first, r1 = g.stop[i + 1].first;
+            const double t = r1 == r0 ? 0.0 : std::clamp((k - r0) / static_cast<double>(r1 - r0), 0.0, 1.0);
+            c = mescola(colori[i], colori[i + 1], t);
+        }
+        // entry k covers the ratios from k - 1/2 to k + 1/2
+        const double inizio = std::clamp((k - 0.5 + spostamento) / 255.0, 0.0, 1.0), fine = std::clamp((k + 0.5 + spostamento) / 255.0, 0.0, 1.0);
+        if (!s.isEmpty() && s.back().first >= 1.0 - 1e-6)
+            break;
+        if (!s.isEmpty() && inizio <= s.back().first)
+            s.append({std::min(1.0, s.back().first + 1e-6), c});
+        else
+            s.append({inizio, c});
+        if (fine - 2e-6 > s.back().first)
+            s.append({fine - 1e-6, c});
+    }
+    return s;
+}
+
 QGradientStops fermate(const Gradiente &g, const ColorTransform &cx)
 {
     QGradientStops s;
     if (g.stop.empty())
         return s;
+    for (size_t i = 1; i < g.stop.size(); ++i)
+        if (g.stop[i].first <= g.stop[i - 1].first)
+            return tabellaDisordinata(g, cx);
     std::vector<std::pair<double, QColor>> v;
     double ultimo = 0;
     for (auto &[r, c] : g.stop) {
