@@ -315,6 +315,19 @@ private slots:
         QVERIFY(!f->FramePosto[2]->isVisible());
     }
 
+    void automaticScanningTicksOnTheScreenAndStopsDuringAMove()
+    {
+        Profilo.ModoInput = ModoInputValori::ScansioneAutomatica;
+        Profilo.VelocitaScansione = 4;
+        FormTavola *f = apri(QStringLiteral("FormmemSS"));
+        QVERIFY(f->Timer1.isActive());
+        QCOMPARE(f->Timer1.interval(), 1000);
+        QCOMPARE(f->Partita().PostoEvidenziato, qint16(11));
+        f->Timer1.setInterval(5);
+        QTRY_COMPARE(f->Partita().PostoEvidenziato, qint16(0));
+        QCOMPARE(f->FramePosto[0]->palette().color(QPalette::Window), ColoreDaNumero(Profilo.ColoreScansione));
+    }
+
     void onSSKeysWorkOnlyThroughTheFocusHolder()
     {
         Profilo.ModoInput = ModoInputValori::Tastiera;
