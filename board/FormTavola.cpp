@@ -169,7 +169,7 @@ FormTavola::FormTavola(const ImpostazioniTavola &imp)
 
 }
 
-FormTavola::~FormTavola() { FrameUscitaTavola::SbloccaMouse(); }
+FormTavola::~FormTavola() = default;
 
 void FormTavola::creaFacce()
 {
