@@ -219,14 +219,25 @@ void traccia(QPainter &p, const QPainterPath &percorso, const Tratto &t, const Q
     if (t.giunzione == 2)
         pen.setMiterLimit(std::max(1.0, t.miter));
     const double scala = scalaDi(m);
-    double larghezzaDisp = (t.noHScale || t.noVScale) ? t.larghezza / 20.0 * ctx.opz.scalaScena : t.larghezza * scala;
+    // one flag alone is drawn as a scaling line, as the reference player does
+    const bool fissa = t.noHScale && t.noVScale;
+    double larghezzaDisp = fissa ? t.larghezza / 20.0 * ctx.opz.scalaScena : t.larghezza * scala;
     if (larghezzaDisp < 1.0) {
         // hairlines and thin strokes are drawn one device pixel wide
         pen.setCosmetic(true);
         pen.setWidthF(1.0);
-    } else if (t.noHScale || t.noVScale) {
-        pen.setCosmetic(true);
-        pen.setWidthF(larghezzaDisp);
+    } else if (fissa) {
+        // the width holds along the least stretched axis; under a stretch the
+        // line widens with it, as the reference player draws it
+        const double S = m.m11() * m.m11() + m.m12() * m.m12() + m.m21() * m.m21() + m.m22() * m.m22();
+        const double det = m.m11() * m.m22() - m.m12() * m.m21();
+        const double minima = std::sqrt(std::max(0.0, (S - std::sqrt(std::max(0.0, S * S - 4 * det * det))) / 2));
+        if (minima < 1e-9) {
+            pen.setCosmetic(true);
+            pen.setWidthF(larghezzaDisp);
+        } else {
+            pen.setWidthF(larghezzaDisp / minima);
+        }
     } else {
         pen.setWidthF(t.larghezza);
         if (contorno) {
