@@ -186,6 +186,11 @@ void FormMenu::Command1_Click(int index)
     if (!FileEsiste(FileMemory))
         return;
     const QString schermo = SchermoPerGioco(Profilo.TipoMemory, TestoList2());
+    // The menu is on its way out. Its dressing, started when the names box
+    // closed, must not come between the board's start, which turns the player
+    // list back on, and the unload: it would choose the profile again and put
+    // its name over the first name just typed.
+    Timer1->stop();
     if (!schermo.isEmpty())
         Schermi::Mostra(schermo);
     Schermi::Scarica(this);

@@ -92,6 +92,8 @@ void FormMenu::resizeEvent(QResizeEvent *e)
     BarraMenu->setGeometry(0, 0, width(), alta);
     area->setGeometry(0, alta, width(), qMax(0, height() - alta));
     Form::resizeEvent(e);
+    // A drop-down list keeps the height of its font, whatever the resizer sets.
+    Combo1->resize(Combo1->width(), qMax(Combo1->height(), Combo1->sizeHint().height()));
 }
 
 void FormMenu::creaControlli()

@@ -19,6 +19,9 @@ public:
     void Form_Load() override;
     void Form_Activate() override;
     void Form_Unload() override;
+    // The box keeps its design size and has no resize handler: the shared
+    // resizer serves the menu behind it, which must not be rescaled from here.
+    void Form_Resize() override {}
 
     QLabel *Label1 = nullptr;
     std::array<QLineEdit *, 3> Text1{};

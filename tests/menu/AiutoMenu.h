@@ -45,9 +45,13 @@ public:
         CopriSchermo();
         ++attivazioni;
         fileAllaPartenza = FileMemory;
-        nomiAllaPartenza = {NomiGiocatori[0], NomiGiocatori[1], NomiGiocatori[2]};
         giocatoriAllaPartenza = NumeroGiocatori;
+        // A real board's start lets events run while it loads its faces.
+        if (attesaAvvioMs > 0)
+            QTest::qWait(attesaAvvioMs);
+        nomiAllaPartenza = {NomiGiocatori[0], NomiGiocatori[1], NomiGiocatori[2]};
     }
+    inline static int attesaAvvioMs = 0;
     // Yes on the board's exit question.
     void Esci()
     {

@@ -3,6 +3,7 @@
 
 #include "AiutoMenu.h"
 
+#include <QComboBox>
 #include <QLabel>
 
 namespace {
@@ -181,6 +182,20 @@ private slots:
         // Centred on the menu.
         QVERIFY(qAbs(a.confinatoAllaNomi.center().x() - m->geometry().center().x()) <= 3);
         QVERIFY(qAbs(a.confinatoAllaNomi.center().y() - m->geometry().center().y()) <= 3);
+    }
+
+    void theBoxDoesNotRescaleTheMenuBehindIt()
+    {
+        AmbienteMenu a;
+        a.ProfiloSuDisco(QStringLiteral("_predefinito"), Profilo);
+        a.ProfiloSuDisco(QStringLiteral("Nina"), Profilo);
+        FormMenu *m = a.MostraMenu();
+        QVERIFY(m);
+        const QRect combo = m->Combo1->geometry();
+        QVERIFY(combo.height() > PixelDaTwips(330) * 1024 / 587); // grown with its font
+        a.RispondiNomi({QStringLiteral("Ugo")});
+        Schermi::MostraModale(QStringLiteral("FormNomi"));
+        QCOMPARE(m->Combo1->geometry(), combo);
     }
 
     void leavingAnotherWayKeepsTheNamesAndTheList()

@@ -95,6 +95,25 @@ private slots:
         QCOMPARE(nuovo->Combo1->currentText(), QStringLiteral("Sara"));
     }
 
+    void aBoardThatLetsEventsRunAtItsStartKeepsTheTypedNames()
+    {
+        AmbienteMenu a;
+        a.Set(QStringLiteral("ii/a.agg"), 12);
+        a.ProfiloSuDisco(QStringLiteral("_predefinito"), Profilo);
+        Profilo.TipoMemory = 0;
+        QPointer<FormMenu> m = a.MostraMenu();
+        QVERIFY(m);
+        QCOMPARE(NomiGiocatori[0], QStringLiteral("_predefinito"));
+        TavolaProva::attesaAvvioMs = 200;
+        a.RispondiNomi({QStringLiteral("Anna")});
+        m->Command1_Click(0);
+        TavolaProva::attesaAvvioMs = 0;
+        auto *t = dynamic_cast<TavolaProva *>(Schermi::Riferimento(QStringLiteral("FormmemGGCS")));
+        QVERIFY(t);
+        QCOMPARE(t->nomiAllaPartenza.value(0), QStringLiteral("Anna"));
+        QCOMPARE(NomiGiocatori[0], QStringLiteral("Anna"));
+    }
+
     void theNamesAreAskedBeforeAnyTestOfTheSet()
     {
         AmbienteMenu a;
