@@ -165,7 +165,7 @@ void FormMenu::creaControlli()
     List2 = new QListWidget(area);
     List2->setObjectName(QStringLiteral("List2"));
     List2->setAccessibleName(QStringLiteral("Memory"));
-    List2->setFont(fontDi(QStringLiteral("Arial"), 12, false));
+    List2->setFont(fontDi(QStringLiteral("Arial"), 16, true));
     ScriviGeometria(List2, {4800, 240, 3735, 1050});
     // The old list told a click when its selected line changed, by hand or by code.
     connect(List2, &QListWidget::itemSelectionChanged, this, [this] {
