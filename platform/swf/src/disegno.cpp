@@ -202,8 +202,46 @@ void riempi(QPainter &p, const QPainterPath &percorso, const Riempimento &f, con
     }
 }
 
+// Curves turned into short straight edges, fine enough for the given device
+// scale. Done once per scale step, so the rasteriser does not flatten the same
+// curves again on every frame.
+QPainterPath spiana(const QPainterPath &p, double scala)
+{
+    bool curve = false;
+    for (int i = 0; i < p.elementCount() && !curve; ++i)
+        curve = p.elementAt(i).type == QPainterPath::CurveToElement;
+    if (!curve)
+        return p;
+    QPainterPath out;
+    out.setFillRule(p.fillRule());
+    QPointF ultimo;
+    for (int i = 0; i < p.elementCount(); ++i) {
+        const QPainterPath::Element e = p.elementAt(i);
+        if (e.type == QPainterPath::MoveToElement) {
+            out.moveTo(e);
+            ultimo = e;
+        } else if (e.type == QPainterPath::LineToElement) {
+            out.lineTo(e);
+            ultimo = e;
+        } else if (e.type == QPainterPath::CurveToElement && i + 2 < p.elementCount()) {
+            const QPointF c1 = e, c2 = p.elementAt(i + 1), fine = p.elementAt(i + 2);
+            i += 2;
+            const double lunghezza = (QLineF(ultimo, c1).length() + QLineF(c1, c2).length() + QLineF(c2, fine).length()) * scala;
+            const int n = std::clamp(static_cast<int>(std::ceil(std::sqrt(lunghezza * 1.5))), 1, 64);
+            for (int k = 1; k < n; ++k) {
+                const double t = static_cast<double>(k) / n, u = 1 - t;
+                out.lineTo(ultimo * (u * u * u) + c1 * (3 * u * u * t) + c2 * (3 * u * t * t) + fine * (t * t * t));
+            }
+            out.lineTo(fine);
+            ultimo = fine;
+        }
+    }
+    return out;
+}
+
 void traccia(QPainter &p, const QPainterPath &percorso, const Tratto &t, const QTransform &m,
-             const ColorTransform &cx, const Ctx &ctx, QPainterPath *contorno)
+             const ColorTransform &cx, const Ctx &ctx, QPainterPath *contorno, QPainterPath *contornoSpianato = nullptr,
+             double scalaSpianato = 0)
 {
     QPen pen;
     if (t.conRiempimento && t.riempimento.tipo == Riempimento::Grad)
@@ -246,7 +284,13 @@ void traccia(QPainter &p, const QPainterPath &percorso, const Tratto &t, const Q
                 *contorno = st.createStroke(percorso);
                 contorno->setFillRule(Qt::WindingFill);
             }
-            p.fillPath(*contorno, pen.brush());
+            if (contornoSpianato) {
+                if (contornoSpianato->isEmpty())
+                    *contornoSpianato = spiana(*contorno, scalaSpianato);
+                p.fillPath(*contornoSpianato, pen.brush());
+            } else {
+                p.fillPath(*contorno, pen.brush());
+            }
             return;
         }
     }
@@ -256,15 +300,32 @@ void traccia(QPainter &p, const QPainterPath &percorso, const Tratto &t, const Q
 void disegnaForma(QPainter &p, const Forma &f, const QTransform &m, const ColorTransform &cx, const Ctx &ctx)
 {
     p.setTransform(m);
+    // the largest stretch of the transform, in half octaves
+    const double S = m.m11() * m.m11() + m.m12() * m.m12() + m.m21() * m.m21() + m.m22() * m.m22();
+    const double det = m.m11() * m.m22() - m.m12() * m.m21();
+    const double massima = std::sqrt(std::max(1e-12, S / 2 + std::sqrt(std::max(0.0, S * S / 4 - det * det))));
+    const int gradino = static_cast<int>(std::clamp(std::floor(std::log2(massima) * 2), -200.0, 200.0));
+    const double scalaSpianato = std::exp2((gradino + 1) / 2.0);
     for (const StratoForma &s : f.strati) {
-        for (size_t i = 0; i < s.areePerStile.size() && i < s.riempimenti.size(); ++i)
-            if (!s.areePerStile[i].isEmpty())
-                riempi(p, s.areePerStile[i], s.riempimenti[i], m, cx, ctx);
+        if (s.gradinoSpianato != gradino) {
+            s.gradinoSpianato = gradino;
+            s.areeSpianate.clear();
+            s.lineeSpianate.clear();
+            for (const QPainterPath &a : s.areePerStile)
+                s.areeSpianate.push_back(spiana(a, scalaSpianato));
+            for (const QPainterPath &l : s.lineePerStile)
+                s.lineeSpianate.push_back(spiana(l, scalaSpianato));
+            s.contorniSpianati.assign(s.lineePerStile.size(), QPainterPath());
+            s.contorniLinee.assign(s.lineePerStile.size(), QPainterPath());
+        }
+        for (size_t i = 0; i < s.areeSpianate.size() && i < s.riempimenti.size(); ++i)
+            if (!s.areeSpianate[i].isEmpty())
+                riempi(p, s.areeSpianate[i], s.riempimenti[i], m, cx, ctx);
         if (s.contorniLinee.size() != s.lineePerStile.size())
             s.contorniLinee.assign(s.lineePerStile.size(), QPainterPath());
-        for (size_t i = 0; i < s.lineePerStile.size() && i < s.tratti.size(); ++i)
-            if (!s.lineePerStile[i].isEmpty())
-                traccia(p, s.lineePerStile[i], s.tratti[i], m, cx, ctx, &s.contorniLinee[i]);
+        for (size_t i = 0; i < s.lineeSpianate.size() && i < s.tratti.size(); ++i)
+            if (!s.lineeSpianate[i].isEmpty())
+                traccia(p, s.lineeSpianate[i], s.tratti[i], m, cx, ctx, &s.contorniLinee[i], &s.contorniSpianati[i], scalaSpianato);
     }
 }
 

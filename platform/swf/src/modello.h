@@ -99,6 +99,9 @@ struct StratoForma {
     std::vector<QPainterPath> lineePerStile;  // index = line style - 1
     // stroke outlines of scaling lines, made once: they do not depend on the transform
     mutable std::vector<QPainterPath> contorniLinee;
+    // the same paths with their curves flattened for one half octave of scale
+    mutable int gradinoSpianato = INT32_MIN;
+    mutable std::vector<QPainterPath> areeSpianate, lineeSpianate, contorniSpianati;
 };
 
 struct Forma {
