@@ -80,7 +80,7 @@ bool leggiFiltri(Lettore &r, std::vector<Filtro> &filtri)
             break;
         case 3:
             f.colore = leggiRgba(r);
-            leggiRgba(r);
+            f.colore2 = leggiRgba(r);
             f.bx = r.fixed16(); f.by = r.fixed16();
             f.angolo = r.fixed16(); f.distanza = r.fixed16();
             f.forza = r.fixed8();

@@ -167,6 +167,38 @@ const QImage *bitmapDi(const Ctx &ctx, uint16_t id)
     return img.isNull() ? nullptr : &img;
 }
 
+// A smoothed bitmap drawn much smaller than it is: average it down first
+// (bilinear sampling alone would skip pixels and shimmer), and let the
+// matrix stretch the smaller picture back over the same area.
+void riduci(QImage &vista, QTransform &matrice, const QTransform &m)
+{
+    const QTransform tot = matrice * m;
+    const double sx = std::hypot(tot.m11(), tot.m12()), sy = std::hypot(tot.m21(), tot.m22());
+    if ((sx >= 0.7 && sy >= 0.7) || vista.isNull())
+        return;
+    const int w = std::max(1, static_cast<int>(std::lround(vista.width() * std::min(1.0, sx))));
+    const int h = std::max(1, static_cast<int>(std::lround(vista.height() * std::min(1.0, sy))));
+    // a few reductions are kept: the same bitmap is usually drawn at the same size frame after frame
+    struct Voce {
+        qint64 chiave;
+        QSize dimensione;
+        QImage img;
+    };
+    static std::vector<Voce> fatte;
+    QImage ridotta;
+    for (const Voce &v : fatte)
+        if (v.chiave == vista.cacheKey() && v.dimensione == QSize(w, h))
+            ridotta = v.img;
+    if (ridotta.isNull()) {
+        ridotta = vista.scaled(w, h, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        if (fatte.size() >= 16)
+            fatte.erase(fatte.begin());
+        fatte.push_back({vista.cacheKey(), QSize(w, h), ridotta});
+    }
+    matrice = QTransform::fromScale(static_cast<double>(vista.width()) / w, static_cast<double>(vista.height()) / h) * matrice;
+    vista = ridotta;
+}
+
 void riempi(QPainter &p, const QPainterPath &percorso, const Riempimento &f, const QTransform &m,
             const ColorTransform &cx, const Ctx &ctx)
 {
@@ -183,15 +215,18 @@ void riempi(QPainter &p, const QPainterPath &percorso, const Riempimento &f, con
         if (!img)
             break;
         QImage vista = immagineTrasformata(*img, cx);
+        QTransform matrice = f.matriceBitmap;
+        if (f.liscio && ctx.opz.antialias)
+            riduci(vista, matrice, m);
         p.save();
         p.setRenderHint(QPainter::SmoothPixmapTransform, f.liscio && ctx.opz.antialias);
         if (f.ripeti) {
             QBrush b(vista);
-            b.setTransform(f.matriceBitmap);
+            b.setTransform(matrice);
             p.fillPath(percorso, b);
         } else {
             p.setClipPath(percorso, Qt::IntersectClip);
-            p.setTransform(f.matriceBitmap * m);
+            p.setTransform(matrice * m);
             p.drawImage(0, 0, vista);
         }
         p.restore();
@@ -429,8 +464,70 @@ void sfocaBox(QImage &img, int rx, int ry, int passaggi)
 int raggio(double b, double scala)
 {
     // a box of width b pixels
+    // a box two pixels wide or less leaves the picture as it was
     double w = b * scala;
-    return w < 2 ? 0 : static_cast<int>(std::lround((w - 1) / 2));
+    return w < 2 ? 0 : static_cast<int>((w - 1) / 2);
+}
+
+// Bevel: the object's blurred alpha shifted along the angle both ways; the
+// difference of the two copies gives an edge of one colour or the other,
+// inside the object. The colour of the second field lies on the side the
+// angle points to.
+void smussa(QImage &strato, const Filtro &f, double sc)
+{
+    const int w = strato.width(), h = strato.height();
+    const int dx = static_cast<int>(std::lround(std::cos(f.angolo) * f.distanza * sc));
+    const int dy = static_cast<int>(std::lround(std::sin(f.angolo) * f.distanza * sc));
+    auto alfa = [&](int x, int y) -> uint32_t {
+        if (x < 0 || y < 0 || x >= w || y >= h)
+            return 0;
+        return reinterpret_cast<const uint32_t *>(strato.constScanLine(y))[x] >> 24;
+    };
+    // the alpha blurred first, then compared with its shifted copies
+    QImage sfocata(strato.size(), QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < h; ++y) {
+        auto *o = reinterpret_cast<uint32_t *>(sfocata.scanLine(y));
+        for (int x = 0; x < w; ++x)
+            o[x] = alfa(x, y) << 24;
+    }
+    sfocaBox(sfocata, raggio(f.bx, sc), raggio(f.by, sc), f.passaggi);
+    auto sf = [&](int x, int y) -> int {
+        if (x < 0 || y < 0 || x >= w || y >= h)
+            return 0;
+        return static_cast<int>(reinterpret_cast<const uint32_t *>(sfocata.constScanLine(y))[x] >> 24);
+    };
+    QImage lato1(strato.size(), QImage::Format_ARGB32_Premultiplied), lato2(strato.size(), QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < h; ++y) {
+        auto *a = reinterpret_cast<uint32_t *>(lato1.scanLine(y));
+        auto *b = reinterpret_cast<uint32_t *>(lato2.scanLine(y));
+        for (int x = 0; x < w; ++x) {
+            a[x] = static_cast<uint32_t>(std::clamp(sf(x + dx, y + dy) - sf(x - dx, y - dy), 0, 255)) << 24;
+            b[x] = static_cast<uint32_t>(std::clamp(sf(x - dx, y - dy) - sf(x + dx, y + dy), 0, 255)) << 24;
+        }
+    }
+    const double forza = std::clamp(f.forza, 0.0, 255.0);
+    for (int y = 0; y < h; ++y) {
+        auto *s = reinterpret_cast<uint32_t *>(strato.scanLine(y));
+        const auto *a = reinterpret_cast<const uint32_t *>(lato1.constScanLine(y));
+        const auto *b = reinterpret_cast<const uint32_t *>(lato2.constScanLine(y));
+        for (int x = 0; x < w; ++x) {
+            const double sa = s[x] >> 24;
+            if (sa == 0)
+                continue;
+            double rgb[3] = {static_cast<double>((s[x] >> 16) & 0xff), static_cast<double>((s[x] >> 8) & 0xff), static_cast<double>(s[x] & 0xff)};
+            auto sopra = [&](const Rgba &c, uint32_t m) {
+                // only inside the object: weighed by its own alpha
+                const double k = std::min(1.0, (m >> 24) / 255.0 * forza) * c.a / 255.0 * (sa / 255.0);
+                rgb[0] = rgb[0] * (1 - k) + c.r * k * sa / 255.0;
+                rgb[1] = rgb[1] * (1 - k) + c.g * k * sa / 255.0;
+                rgb[2] = rgb[2] * (1 - k) + c.b * k * sa / 255.0;
+            };
+            sopra(f.colore, a[x]);
+            sopra(f.colore2, b[x]);
+            s[x] = (static_cast<uint32_t>(sa) << 24) | (static_cast<uint32_t>(std::clamp(rgb[0], 0.0, sa)) << 16) |
+                   (static_cast<uint32_t>(std::clamp(rgb[1], 0.0, sa)) << 8) | static_cast<uint32_t>(std::clamp(rgb[2], 0.0, sa));
+        }
+    }
 }
 
 void applicaFiltri(QImage &strato, const std::vector<Filtro> &filtri, const Ctx &ctx)
@@ -446,8 +543,12 @@ void applicaFiltri(QImage &strato, const std::vector<Filtro> &filtri, const Ctx 
         case Filtro::AloneGradiente:
         case Filtro::Rilievo:
         case Filtro::RilievoGradiente: {
-            if (f.tipo == Filtro::Rilievo || f.tipo == Filtro::RilievoGradiente)
+            if (f.tipo == Filtro::RilievoGradiente)
                 break;
+            if (f.tipo == Filtro::Rilievo) {
+                smussa(strato, f, sc);
+                break;
+            }
             if (f.interno)
                 break;
             QImage ombra(strato.size(), QImage::Format_ARGB32_Premultiplied);

@@ -171,6 +171,7 @@ struct Testo {
 struct Filtro {
     enum Tipo { Ombra = 0, Sfocatura = 1, Alone = 2, Rilievo = 3, AloneGradiente = 4, Convoluzione = 5, MatriceColore = 6, RilievoGradiente = 7 } tipo = Sfocatura;
     Rgba colore;
+    Rgba colore2;  // bevel: the colour of the second field
     double bx = 0, by = 0, angolo = 0, distanza = 0, forza = 1;
     bool interno = false, knockout = false, soloOggetto = false;
     int passaggi = 1;
