@@ -104,6 +104,7 @@ FrameUscitaTavola::FrameUscitaTavola(QWidget *form) : QFrame(form)
     LabelDimensionaFont->setObjectName(QStringLiteral("LabelDimensionaFont"));
     LabelDimensionaFont->setFont(LabelNo->font());
     LabelDimensionaFont->hide();
+    LabelDimensionaFont->setProperty("TestoDalProgramma", true); // a hidden measure, never read by a player
 
     connect(CommandSi, &QPushButton::clicked, this, [this] { if (Si) Si(); });
     connect(CommandNo, &QPushButton::clicked, this, [this] { if (No) No(); });
