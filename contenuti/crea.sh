@@ -104,6 +104,22 @@ for lista in "$fonte"/insiemi/*.txt; do
   esac
   echo "== $base"
 
+  # A word set may read the words of an image set and use its pictures and
+  # voices: "usa|<image set>|<side>" costs no new media.
+  usa=$(awk -F'|' '$1 == "usa" { print $2 "|" $3 }' "$lista")
+  if [ -n "$usa" ]; then
+    IFS='|' read -r altro lato_usato <<< "$usa"
+    [ "$tipo" = apg ] && [ -f "$fonte/insiemi/$altro.agg.txt" ] || { echo "usa sbagliato: $lista" >&2; exit 1; }
+    set_righe=()
+    while IFS='|' read -r chiave parola frase img1 img2; do
+      case $chiave in ''|'#'*|sfondo) continue ;; esac
+      nome=${altro}_$chiave
+      set_righe+=("$parola" "${dati}gif\\${nome}_$lato_usato.gif" "${dati}suoni\\${nome}_1.wav" "${dati}suoni\\${nome}_2.wav")
+    done < "$fonte/insiemi/$altro.agg.txt"
+    printf '%s\r\n' "${set_righe[@]}" | iconv -f UTF-8 -t WINDOWS-1252 > "$nuovi/$cartella/$base"
+    continue
+  fi
+
   sfondo=$(awk -F'|' '$1 == "sfondo" { print $2 }' "$lista")
   righe=()
   : > "$lavoro/svg.txt"
