@@ -3,7 +3,8 @@
 # the pictures (Noto Emoji and Fluent Emoji Flat, from their npm packages)
 # become still-faced animated GIFs, the words are spoken by espeak-ng and
 # trimmed by sox, and the set files are written as the editors write them.
-# Everything lands in app/programma/memorypronti/. Same inputs, same bytes.
+# Everything lands in app/programma/memorypronti/. The same lists and the same
+# package versions (Debian 12, the npm versions below) give the same bytes.
 # Usage: bash contenuti/crea.sh
 set -euo pipefail
 cd "$(dirname "$0")/.."
