@@ -70,9 +70,7 @@ FormAvvio::FormAvvio() : Form(QStringLiteral("FormAvvio"), LarghezzaProgetto, Al
 void FormAvvio::Form_Load()
 {
     TraduciForm(this);
-    ResizeCondiviso = std::make_unique<clsResize>();
-    ResizeCondiviso->setSourceForm(this);
-    ResizeCondiviso->SizeFormToScreen(75);
+    CreaResizeCondiviso(this);
     // Each start shows another colour.
     QPalette p = palette();
     p.setColor(QPalette::Window, ColoreDaNumero(ColoreCasuale()));

@@ -38,9 +38,7 @@ void FormPremio::Form_Load()
     TraduciForm(this);
     if (!Command1->text().isEmpty())
         Command1->setAccessibleName(QString(Command1->text()).remove(u'&'));
-    ResizeCondiviso = std::make_unique<clsResize>();
-    ResizeCondiviso->setSourceForm(this);
-    ResizeCondiviso->SizeFormToScreen(75);
+    CreaResizeCondiviso(this);
     QPalette p = palette();
     p.setColor(QPalette::Window, ColoreDaNumero(ColoreCasuale()));
     setPalette(p);

@@ -232,9 +232,7 @@ void FormTavola::metti(QWidget *w, double left, double top, double width, double
 void FormTavola::Form_Load()
 {
     TraduciForm(this);
-    ResizeCondiviso = std::make_unique<clsResize>();
-    ResizeCondiviso->setSourceForm(this);
-    ResizeCondiviso->SizeFormToScreen(75);
+    CreaResizeCondiviso(this);
 }
 
 void FormTavola::Form_Activate()

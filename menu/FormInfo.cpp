@@ -75,9 +75,7 @@ FormInfo::FormInfo() : Form(QStringLiteral("FormInfo"), LarghezzaProgetto, Altez
 void FormInfo::Form_Load()
 {
     TraduciForm(this);
-    ResizeCondiviso = std::make_unique<clsResize>();
-    ResizeCondiviso->setSourceForm(this);
-    ResizeCondiviso->SizeFormToScreen(75);
+    CreaResizeCondiviso(this);
     Image1->setCursor(CursoreGioco());
     Image1->setAccessibleName(Image1->toolTip().isEmpty() ? QStringLiteral("Coppie vivaci") : Image1->toolTip());
 }

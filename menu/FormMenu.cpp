@@ -43,9 +43,7 @@ void FormMenu::Form_Load()
         ScriviColoreSfondo(c, ColorePulsante);
     ScriviColoreSfondo(PictureGioca, ColorePulsante);
     ScriviColoreSfondo(PictureEsci, ColorePulsante);
-    ResizeCondiviso = std::make_unique<clsResize>();
-    ResizeCondiviso->setSourceForm(this);
-    ResizeCondiviso->SizeFormToScreen(75);
+    CreaResizeCondiviso(this);
 }
 
 void FormMenu::Form_Activate()

@@ -38,6 +38,13 @@ QList<QWidget *> ControlliDelForm(QWidget *form)
     return r;
 }
 
+void CreaResizeCondiviso(QWidget *form, quint8 percent)
+{
+    ResizeCondiviso = std::make_unique<clsResize>();
+    ResizeCondiviso->setSourceForm(form);
+    ResizeCondiviso->SizeFormToScreen(percent);
+}
+
 int clsResize::BlocchiFinestra() { return blocchi; }
 
 void clsResize::StoreControlSizes()

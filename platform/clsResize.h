@@ -42,5 +42,9 @@ private:
 // The one object of the whole process, always that of the form loaded last.
 inline std::unique_ptr<clsResize> ResizeCondiviso;
 
+// What every form does at load, after its translation: a new shared object
+// that serves this form, which it sizes to that part of the screen.
+void CreaResizeCondiviso(QWidget *form, quint8 percent = 75);
+
 // The controls of a form, as its Controls collection: every named widget inside it.
 QList<QWidget *> ControlliDelForm(QWidget *form);
