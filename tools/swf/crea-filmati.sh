@@ -37,7 +37,8 @@ parla() {
     local testo="$1" uscita="$2" grezzo
     grezzo=$(mktemp --suffix=.wav)
     espeak-ng -v it -s 120 -w "$grezzo" "$testo"
-    sox "$grezzo" -r 22050 -c 1 -b 16 "$uscita" \
+    # -D -R: no dither, fixed seed: the same bytes each time the script runs
+    sox -D -R "$grezzo" -r 22050 -c 1 -b 16 "$uscita" \
         silence 1 0.02 0.5% reverse silence 1 0.02 0.5% reverse pad 0.05 0.1 norm -1
     rm -f "$grezzo"
 }
