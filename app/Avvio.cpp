@@ -19,6 +19,8 @@
 
 void RegistraSchermi()
 {
+    ImpostaParoleSiNo([] { return TestoLingua(QStringLiteral("0005")); },
+                      [] { return TestoLingua(QStringLiteral("0004")); });
     Schermi::Registra(QStringLiteral("FormAvvio"), [] { return new FormAvvio; });
     RegistraSchermiDelGioco();
 }

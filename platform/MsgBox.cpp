@@ -2,9 +2,17 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace {
 RispostaMsgBox rispostaDiProva;
+std::function<QString()> parolaSi, parolaNo;
+} // namespace
+
+void ImpostaParoleSiNo(std::function<QString()> si, std::function<QString()> no)
+{
+    parolaSi = std::move(si);
+    parolaNo = std::move(no);
 }
 
 void ImpostaRispostaMsgBox(RispostaMsgBox risposta) { rispostaDiProva = std::move(risposta); }
@@ -28,6 +36,12 @@ int MsgBox(const QString &testo, int stile, const QString &titolo)
     if ((stile & 0x7) == Msg::vbYesNo) {
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         box.setDefaultButton(QMessageBox::Yes);
+        const QString si = parolaSi ? parolaSi() : QString();
+        const QString no = parolaNo ? parolaNo() : QString();
+        if (!si.isEmpty())
+            box.button(QMessageBox::Yes)->setText(si);
+        if (!no.isEmpty())
+            box.button(QMessageBox::No)->setText(no);
         return box.exec() == QMessageBox::Yes ? Msg::vbYes : Msg::vbNo;
     }
     box.setStandardButtons(QMessageBox::Ok);

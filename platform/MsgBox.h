@@ -17,6 +17,10 @@ inline const QString TitoloGioco = QStringLiteral("Coppie vivaci");
 // gives the game's own title. `stile` adds one Pulsanti and one Icone value.
 int MsgBox(const QString &testo, int stile = Msg::vbOKOnly, const QString &titolo = QString());
 
+// The words on the yes and no buttons, in the game's language; an empty
+// word leaves the platform's own.
+void ImpostaParoleSiNo(std::function<QString()> si, std::function<QString()> no);
+
 // What a box was asked to show: tests answer and record boxes through this seam.
 struct RichiestaMsgBox {
     QString testo;

@@ -18,6 +18,8 @@
 #include "profiles/StatoProcesso.h"
 
 #include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QMovie>
 #include <QProcess>
 #include <QToolButton>
@@ -270,6 +272,23 @@ private slots:
         Schermi::MostraModale(QStringLiteral("FormModale"));
         QCOMPARE(Schermi::Corrente(), menu);
         QCOMPARE(menu->attivazioni, 2);
+    }
+
+    void theYesAndNoButtonsOfABoxSpeakTheGamesLanguage()
+    {
+        AmbienteProva a;
+        ImpostaRispostaMsgBox({}); // the real box, answered below as a person would
+        QStringList parole;
+        QTimer::singleShot(100, [&] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            QVERIFY(box);
+            parole << box->button(QMessageBox::Yes)->text() << box->button(QMessageBox::No)->text();
+            box->button(QMessageBox::No)->click();
+        });
+        const int risposta = MsgBox(QStringLiteral("Domanda"), Msg::vbYesNo | Msg::vbQuestion);
+        QCOMPARE(risposta, int(Msg::vbNo));
+        QCOMPARE(parole, QStringList({TestoLingua(QStringLiteral("0005")), TestoLingua(QStringLiteral("0004"))}));
+        QCOMPARE(parole.value(0), QString::fromUtf8("SÌ"));
     }
 
     void theEndOfTheProgramFreesThePointerSavesTheProfileAndEndsWithZero()
