@@ -595,6 +595,29 @@ private slots:
         QCOMPARE(NomiGiocatori[0], QStringLiteral("Teo"));
     }
 
+    void selectingTheProfileAlreadyCurrentStillSavesAndReadsItAgain()
+    {
+        AmbienteMenu a;
+        a.ProfiloSuDisco(QStringLiteral("Luca"), Profilo);
+        a.ProfiloSuDisco(QStringLiteral("_predefinito"), Profilo);
+        FormMenu *m = a.MostraMenu();
+        QVERIFY(m);
+        QVERIFY(AmbienteMenu::AttendiVestizione(m));
+        m->Combo1->setCurrentIndex(m->Combo1->findText(QStringLiteral("Luca")));
+        m->Combo1_Click();
+        QCOMPARE(NomeUtente, QStringLiteral("Luca"));
+        // Once more on Luca: the file gets what is in memory, then is read back.
+        const QString file = a.Utenti(QStringLiteral("Luca.ini"));
+        AmbienteProva::Scrivi(file, AmbienteMenu::CodificaTestoProfilo(Profilo) + "riga in piu\r\n");
+        Profilo.VelocitaScansione = 33;
+        m->Combo1_Click();
+        QCOMPARE(NomeUtente, QStringLiteral("Luca"));
+        const QByteArray scritto = AmbienteProva::Leggi(file);
+        QVERIFY(!scritto.contains("riga in piu"));
+        QVERIFY(scritto.contains("\r\n 33 \r\n"));
+        QCOMPARE(int(Profilo.VelocitaScansione), 33);
+    }
+
     void choosingAProfileSavesTheOldAndReadsTheNew()
     {
         AmbienteMenu a;
