@@ -111,6 +111,6 @@ int main(int argc, char *argv[])
     std::printf("Menu con 200 memory per cartella (ii, pi) e 50 profili, %d prove, schermo 1024x768\n", volte);
     stampa("dal pulsante dell'avvio al menu mostrato", mostrato);
     stampa("dal pulsante al menu vestito (dopo il tick)", vestito);
-    std::printf("(il tick parte 50 ms dopo l'attivazione: quei 50 ms sono nella seconda misura)\n");
+    std::printf("(il tick arriva 50 ms dopo l'attivazione: quei 50 ms sono nella seconda misura)\n");
     return 0;
 }
