@@ -1555,10 +1555,10 @@ QByteArray creaFilm(const QString &nome, const Opzioni &o)
     for (const Premio &p : premi()) {
         if (QLatin1String(p.nome) != nome)
             continue;
-        const int w = o.larghezza > 0 ? o.larghezza : 400, h = o.altezza > 0 ? o.altezza : 300;
+        const int w = o.larghezza > 0 ? o.larghezza : 400, h = o.altezza > 0 ? o.altezza : 376;  // the shape of the reward screen's film
         Scena s(w, h, p.sfondo);
         scenario(s, p.scenario, 0);
-        const double k = std::min(w, h) / 200.0 * 0.6;
+        const double k = std::min(w, h) / 200.0 * 0.5;
         for (const auto &[sogg, x, y, scala, fase, variante] : p.figure)
             if (const VoceSoggetto *v = trova(QLatin1String(sogg)))
                 v->disegna(s, posto(w * 20 * x, h * 20 * y, k * scala), fase, variante);
