@@ -1,6 +1,8 @@
 #include "board/FrameUscitaTavola.h"
 
+
 #include "lang/modLanguageSupport.h"
+#include "platform/Caratteri.h"
 #include "platform/Colori.h"
 #include "platform/Controlli.h"
 #include "platform/CursoreGioco.h"
@@ -90,10 +92,7 @@ FrameUscitaTavola::FrameUscitaTavola(QWidget *form) : QFrame(form)
     LabelSi = etichetta(PictureSi, QStringLiteral("LabelSi"), QStringLiteral("SÌ"));
     for (QLabel *l : {static_cast<QLabel *>(LabelNo), static_cast<QLabel *>(LabelSi)}) {
         l->setAlignment(Qt::AlignCenter);
-        QFont f(QStringLiteral("Comic Sans MS"));
-        f.setBold(true);
-        f.setPointSize(12);
-        l->setFont(f);
+        l->setFont(FontGioco(QStringLiteral("Comic Sans MS"), 12, true));
     }
     ScriviGeometria(ImageNo, {120, 120, 1335, 1335});
     ScriviGeometria(ImageSi, {120, 120, 1335, 1335});
