@@ -4,6 +4,7 @@
 #include "modello.h"
 #include "swf/filmato.h"
 
+#include <QElapsedTimer>
 #include <QPainter>
 #include <QRandomGenerator>
 #include <QTest>
@@ -231,6 +232,32 @@ private slots:
             annidati = sprite(1000 + k, 1, annidati);
         swf::Filmato g;
         QVERIFY(g.caricaDati(film(interno + annidati, 1)));
+    }
+
+    // each level places the one below twice: without limits, 2^29 instances
+    // live at once, or made and thrown away again at the same depth
+    void spritesThatMultiplyAtEveryLevelStayBounded_data()
+    {
+        QTest::addColumn<bool>("stessaProfondita");
+        QTest::newRow("two copies side by side") << false;
+        QTest::newRow("the second replaces the first") << true;
+    }
+    void spritesThatMultiplyAtEveryLevelStayBounded()
+    {
+        QFETCH(bool, stessaProfondita);
+        QByteArray defs = rettangolo(1, 0, 0, 400, 400, 0x00ff00ff);
+        for (int id = 2; id < 31; ++id)
+            defs += sprite(id, 2, piazza(1, id - 1) + piazza(stessaProfondita ? 1 : 2, id - 1, 40, 0) + mostra() + mostra());
+        QElapsedTimer orologio;
+        orologio.start();
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(film(defs + piazza(1, 30) + mostra(), 1)));
+        for (int i = 0; i < 3; ++i)
+            f.avanza();
+        f.vaiAlFotogramma(1);
+        QCOMPARE(f.immagine(QSize(40, 40), false).size(), QSize(40, 40));
+        QVERIFY2(orologio.elapsed() < 20000, qPrintable(QString::number(orologio.elapsed())));
+        QVERIFY(f.memoriaUsata() < 512 * 1024 * 1024);
     }
 
     void mainTimelineLoopsBackToTheFirstFrame()

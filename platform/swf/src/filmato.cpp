@@ -74,6 +74,7 @@ void Filmato::vaiAlFotogramma(int fotogramma)
 {
     if (!d || !d->radice)
         return;
+    d->creazioniPasso = 0;
     d->vaiA(d->radice, fotogramma - 1, d->radice->inRiproduzione);
     d->eseguiCoda();
 }

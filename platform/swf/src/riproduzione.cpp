@@ -6,7 +6,9 @@ namespace swf {
 
 namespace {
 constexpr int kMaxAzioniPerTick = 20000;
-constexpr size_t kMaxIstanze = 20000;
+constexpr size_t kMaxIstanze = 20000;       // in one display list
+constexpr size_t kMaxIstanzeFilm = 100000;  // in the whole tree of a film
+constexpr size_t kMaxCreazioniPerPasso = 200000;
 }
 
 void applicaPiazza(Istanza &i, const Piazza &p)
@@ -36,7 +38,12 @@ std::shared_ptr<Istanza> Riproduzione::nuovaIstanza(const Piazza &p, int nascita
     auto it = film->definizioni.find(p.carattere);
     if (it == film->definizioni.end() || it->second.tipo == Definizione::CarattereT)
         return nullptr;
+    if (*istanzeVive >= kMaxIstanzeFilm || creazioniPasso >= kMaxCreazioniPerPasso)
+        return nullptr;
+    ++creazioniPasso;
     auto ist = std::make_shared<Istanza>();
+    ist->conteggio.vive = istanzeVive;
+    ++*istanzeVive;
     ist->carattere = p.carattere;
     ist->def = it->second;
     ist->nascita = nascita;
@@ -231,6 +238,7 @@ void Riproduzione::eseguiCoda()
 void Riproduzione::inizia()
 {
     coda.clear();
+    creazioniPasso = 0;
     tick = 1;
     radice = std::make_shared<Clip>();
     // non-owning: the film outlives its clips
@@ -244,6 +252,7 @@ void Riproduzione::passo()
     if (!radice)
         return;
     ++tick;
+    creazioniPasso = 0;
     avanzaAlbero(radice);
     eseguiCoda();
 }

@@ -15,7 +15,22 @@ namespace swf {
 
 struct Clip;
 
+// Counts the live instances of one film: a film whose sprites nest and
+// multiply would otherwise build an exponential tree.
+struct Conteggio {
+    std::shared_ptr<size_t> vive;
+    Conteggio() = default;
+    Conteggio(const Conteggio &) = delete;
+    Conteggio &operator=(const Conteggio &) = delete;
+    ~Conteggio()
+    {
+        if (vive)
+            --*vive;
+    }
+};
+
 struct Istanza {
+    Conteggio conteggio;
     uint16_t carattere = 0;
     Definizione def;
     int nascita = -1;  // frame whose PlaceObject created it; -1 when made by a script
@@ -49,6 +64,10 @@ struct Riproduzione {
     };
     std::deque<Azione> coda;
     uint64_t tick = 0;
+    std::shared_ptr<size_t> istanzeVive = std::make_shared<size_t>(0);
+    // instances made since the last tick began: removing and making them
+    // again must not let a multiplying tree run on without end
+    size_t creazioniPasso = 0;
     QImage tampone;  // reused by every draw of the same size
 
     // Films loop: a picture already drawn for the same state of the display
