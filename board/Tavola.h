@@ -113,6 +113,12 @@ private:
     void avviaFaccia(Faccia &f, TipoFaccia tipo);
     void rivelaImmagine(int Index);
     void clickTessereAperte(int Index);
+    // The second tile of a move against the first: the sound, the turn, the
+    // score; the pair's number when they match, else NessunaCoppia.
+    static constexpr int NessunaCoppia = -1000;
+    int giudicaCoppia();
+    void segnaTrovate();  // both tiles of the pair become "trovata"
+    void riapriCoperte(); // covers back for every tile not found, input on
     void passaTurno();
     void evidenzia();
     void togliEvidenza();

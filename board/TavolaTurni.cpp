@@ -98,40 +98,56 @@ void Tavola::FramePosto_Click(int Index)
             passaTurno();
             AggiornaMosse();
         }
-        if (EtichettaSeconda != EtichettaPrima) {
-            SuonaNo();
-            if (NumeroGiocatori > 1) {
-                passaTurno();
-                AggiornaMosse();
-            }
-        } else {
-            SuonaSi();
-            const int n = EtichettaPrima.toInt();
-            if (n >= 0 && n < 12) {
-                avviaFaccia(Lato1[n], Imp.Lato1);
-                avviaFaccia(Lato2[n], Imp.Lato2);
-            }
-            if (NumeroGiocatori > 1) {
-                ++Mosse[GiocatoreCorrente];
-                AggiornaMosse();
-            }
-            TessereTrovate = qint16(TessereTrovate + 2);
-            for (int k = 0; k < N; ++k)
-                if (FramePosto[k].Tag == EtichettaPrima)
-                    FramePosto[k].Tag = Trovata;
-        }
-        InputAbilitato = true;
-        for (int k = 0; k < N; ++k) {
-            if (FramePosto[k].Tag != Trovata)
-                FramePosto[k].Visible = true;
-            FramePosto[k].Enabled = true;
-        }
+        if (giudicaCoppia() != NessunaCoppia)
+            segnaTrovate();
+        riapriCoperte();
     }
     PrimaScoperta = !PrimaScoperta;
     if (Profilo.ModoInput == ModoInputValori::ScansioneAutomatica)
         Timer1Enabled = true;
     aggiorna();
     ControllaFine();
+}
+
+int Tavola::giudicaCoppia()
+{
+    if (EtichettaSeconda != EtichettaPrima) {
+        SuonaNo();
+        if (NumeroGiocatori > 1) {
+            passaTurno();
+            AggiornaMosse();
+        }
+        return NessunaCoppia;
+    }
+    SuonaSi();
+    const int n = EtichettaPrima.toInt();
+    if (n >= 0 && n < 12) {
+        avviaFaccia(Lato1[n], Imp.Lato1);
+        avviaFaccia(Lato2[n], Imp.Lato2);
+    }
+    if (NumeroGiocatori > 1) {
+        ++Mosse[GiocatoreCorrente];
+        AggiornaMosse();
+    }
+    TessereTrovate = qint16(TessereTrovate + 2);
+    return n;
+}
+
+void Tavola::segnaTrovate()
+{
+    for (int k = 0; k < NumeroTessere(); ++k)
+        if (FramePosto[k].Tag == EtichettaPrima)
+            FramePosto[k].Tag = Trovata;
+}
+
+void Tavola::riapriCoperte()
+{
+    InputAbilitato = true;
+    for (int k = 0; k < NumeroTessere(); ++k) {
+        if (FramePosto[k].Tag != Trovata)
+            FramePosto[k].Visible = true;
+        FramePosto[k].Enabled = true;
+    }
 }
 
 void Tavola::clickTessereAperte(int Index)
@@ -160,24 +176,8 @@ void Tavola::clickTessereAperte(int Index)
             passaTurno();
             AggiornaMosse();
         }
-        if (EtichettaSeconda != EtichettaPrima) {
-            SuonaNo();
-            if (NumeroGiocatori > 1) {
-                passaTurno();
-                AggiornaMosse();
-            }
-        } else {
-            SuonaSi();
-            const int n = EtichettaPrima.toInt();
-            if (n >= 0 && n < 12) {
-                avviaFaccia(Lato1[n], Imp.Lato1);
-                avviaFaccia(Lato2[n], Imp.Lato2);
-            }
-            if (NumeroGiocatori > 1) {
-                ++Mosse[GiocatoreCorrente];
-                AggiornaMosse();
-            }
-            TessereTrovate = qint16(TessereTrovate + 2);
+        const int n = giudicaCoppia();
+        if (n != NessunaCoppia) {
             aggiorna();
             if (vista)
                 vista->Attendi(Durate::AnimazioneTrovata);
@@ -185,16 +185,9 @@ void Tavola::clickTessereAperte(int Index)
                 Lato1[n].AnimataVisible = false;
                 Lato2[n].AnimataVisible = false;
             }
-            for (int k = 0; k < N; ++k)
-                if (FramePosto[k].Tag == EtichettaPrima)
-                    FramePosto[k].Tag = Trovata;
+            segnaTrovate();
         }
-        InputAbilitato = true;
-        for (int k = 0; k < N; ++k) {
-            if (FramePosto[k].Tag != Trovata)
-                FramePosto[k].Visible = true;
-            FramePosto[k].Enabled = true;
-        }
+        riapriCoperte();
     }
     PrimaScoperta = !PrimaScoperta;
     if (Profilo.ModoInput == ModoInputValori::ScansioneAutomatica)
