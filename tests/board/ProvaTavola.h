@@ -82,3 +82,12 @@ inline QString ScriviImmagine(const QString &cartella, const QString &nome)
     img.save(percorso, "PNG");
     return percorso;
 }
+
+// A board model on a screen of 1024 by 768 pixels, in twips.
+inline std::unique_ptr<Tavola> TavolaSuSchermo(const ImpostazioniTavola &imp, VistaTavola *vista)
+{
+    auto t = std::make_unique<Tavola>(imp, vista);
+    t->Width = 15360;
+    t->Height = 11520;
+    return t;
+}

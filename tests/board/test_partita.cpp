@@ -12,13 +12,7 @@ private:
     std::unique_ptr<AmbienteProva> amb;
     VistaProva vista;
 
-    std::unique_ptr<Tavola> tavola(const ImpostazioniTavola &imp = TavolaSS())
-    {
-        auto t = std::make_unique<Tavola>(imp, &vista);
-        t->Width = 15360;
-        t->Height = 11520;
-        return t;
-    }
+    std::unique_ptr<Tavola> tavola(const ImpostazioniTavola &imp = TavolaSS()) { return TavolaSuSchermo(imp, &vista); }
     QString set(int n, std::function<QString(int, int)> suono = {}, std::function<QString(int, int)> lato = {})
     {
         FileMemory = ScriviSet(amb->Casa(), QStringLiteral("prova.ass"), n, std::move(suono), std::move(lato));
