@@ -333,6 +333,59 @@ private slots:
         QCOMPARE(f.fotogrammaCorrente(), 2);
     }
 
+    // a string joined to itself in an endless loop would double until the
+    // memory runs out; it stops growing, and the loop ends with the budget
+    void aStringDoubledInALoopStopsGrowing()
+    {
+        Bit b;
+        b.u8(0x96); b.u16(4); b.u8(0); b.stringa("ab");  // push "ab"
+        b.u8(0x4C);                                      // duplicate
+        b.u8(0x47);                                      // add: "abab"...
+        b.u8(0x99); b.u16(2); b.u16(0xfff9);             // back to the duplicate
+        b.u8(0x07);                                      // stop: never reached
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(treFotogrammi(b.fine())));
+        f.avanza();
+        QCOMPARE(f.fotogrammaCorrente(), 2);
+        f.avanza();
+        QCOMPARE(f.fotogrammaCorrente(), 3);
+    }
+
+    // every goto back replays the timeline from the first frame: a goto in an
+    // endless loop is paid by what it replays and ends within the tick, at
+    // the frame it went to
+    void aGotoInAnEndlessLoopEndsAtItsFrame()
+    {
+        Bit b;
+        b.u8(0x81); b.u16(2); b.u16(0);       // gotoAndPlay frame 1
+        b.u8(0x99); b.u16(2); b.u16(0xfff6);  // back to the goto
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(treFotogrammi(b.fine())));
+        f.avanza();
+        QCOMPARE(f.fotogrammaCorrente(), 1);
+        QVERIFY(rosso(pixel(f, 5, 5)));
+    }
+
+    // a header may promise thousands of frames the file never holds: they are
+    // empty frames to step through, not stored ones
+    void framesTheHeaderPromisesAreReachableWithoutBeingStored()
+    {
+        QByteArray defs = rettangolo(1, 0, 0, 200, 200, 0xff0000ff);
+        for (int id = 2; id < 202; ++id)
+            defs += sprite(id, 16000, piazza(1, 1) + mostra());
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(film(defs + piazza(1, 201) + mostra(), 16000)));
+        QCOMPARE(f.numeroFotogrammi(), 16000);
+        QVERIFY2(f.memoriaUsata() < 1024 * 1024, qPrintable(QString::number(f.memoriaUsata())));
+        f.vaiAlFotogramma(12000);
+        QCOMPARE(f.fotogrammaCorrente(), 12000);
+        // the square was placed on frame 1 and nothing removed it
+        QVERIFY(rosso(pixel(f, 5, 5)));
+        f.vaiAlFotogramma(16000);
+        f.avanza();
+        QCOMPARE(f.fotogrammaCorrente(), 1);
+    }
+
     void vaiAlFotogrammaAndRewind()
     {
         swf::Filmato f;

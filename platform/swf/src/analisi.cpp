@@ -360,10 +360,10 @@ bool leggiSequenza(Lettore &r, Contesto &ctx, Sequenza &seq, int annidamento)
     }
     if (!corrente.comandi.empty() || !corrente.azioni.empty())
         seq.fotogrammi.push_back(std::move(corrente));
-    // The header's count wins: missing frames are empty, extra ones are never reached.
+    // The header's count wins: missing frames are empty (not stored, so a
+    // sprite that claims thousands of frames costs nothing), extra ones are
+    // never reached.
     int n = std::clamp(dichiarati, 1, kMaxFrames);
-    if (static_cast<int>(seq.fotogrammi.size()) < n)
-        seq.fotogrammi.resize(static_cast<size_t>(n));
     seq.numeroFotogrammi = std::max<int>(n, 1);
     if (static_cast<int>(seq.fotogrammi.size()) > seq.numeroFotogrammi)
         seq.fotogrammi.resize(static_cast<size_t>(seq.numeroFotogrammi));

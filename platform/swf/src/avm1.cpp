@@ -11,6 +11,9 @@ namespace {
 
 constexpr int kMaxIstruzioni = 100000;
 constexpr size_t kMaxPila = 4096;
+// Joined strings stop growing here: names and labels are short, and a script
+// that doubles a string in a loop must not fill the memory
+constexpr qsizetype kMaxStringa = 4096;
 
 struct Valore {
     enum Tipo { Indefinito, Nullo, Booleano, Numero, Stringa, RifClip } tipo = Indefinito;
@@ -174,7 +177,8 @@ void eseguiAvm1(Riproduzione &r, const std::shared_ptr<Clip> &clip, const QByteA
         return v;
     };
 
-    for (int istruzioni = 0; istruzioni < kMaxIstruzioni && lt.ok() && !lt.fine(); ++istruzioni) {
+    for (int istruzioni = 0; istruzioni < kMaxIstruzioni && r.istruzioniPasso > 0 && lt.ok() && !lt.fine();
+         ++istruzioni, --r.istruzioniPasso) {
         uint8_t op = lt.u8();
         if (op == 0)
             break;
@@ -286,7 +290,7 @@ void eseguiAvm1(Riproduzione &r, const std::shared_ptr<Clip> &clip, const QByteA
         case 0x0A: case 0x0B: case 0x0C: case 0x0D: case 0x47: {
             Valore b = togli(), x = togli();
             if (op == 0x47 && (x.tipo == Valore::Stringa || b.tipo == Valore::Stringa)) {
-                metti(Valore::stringa(x.comeStringa() + b.comeStringa()));
+                metti(Valore::stringa((x.comeStringa() + b.comeStringa()).left(kMaxStringa)));
                 break;
             }
             double p = x.comeNumero(), q = b.comeNumero();

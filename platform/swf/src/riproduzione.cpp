@@ -6,6 +6,7 @@ namespace swf {
 
 namespace {
 constexpr int kMaxAzioniPerTick = 20000;
+constexpr int64_t kMaxIstruzioniPerTick = 200000;
 constexpr size_t kMaxIstanze = 20000;       // in one display list
 constexpr size_t kMaxIstanzeFilm = 100000;  // in the whole tree of a film
 constexpr size_t kMaxCreazioniPerPasso = 200000;
@@ -71,11 +72,13 @@ void Riproduzione::accoda(const std::shared_ptr<Clip> &c, int f)
 void Riproduzione::eseguiFotogramma(const std::shared_ptr<Clip> &cp, int f, bool accodaAzioni)
 {
     Clip &c = *cp;
-    if (!c.seq || f < 0 || f >= static_cast<int>(c.seq->fotogrammi.size()))
+    if (!c.seq || f < 0 || f >= c.seq->numeroFotogrammi)
         return;
     // keep the sequence alive even if a nested call replaces c.seq
     std::shared_ptr<Sequenza> seq = c.seq;
     c.corrente = f;
+    if (f >= static_cast<int>(seq->fotogrammi.size()))
+        return;  // an empty frame at the end of the timeline
     // a frame's own scripts run before those of the clips it creates
     if (accodaAzioni)
         accoda(cp, f);
@@ -132,6 +135,9 @@ void Riproduzione::ricostruisci(const std::shared_ptr<Clip> &cp, int f)
     };
     std::map<int, Stato> stato;
     for (int k = 0; k <= f && k < static_cast<int>(c.seq->fotogrammi.size()); ++k) {
+        // replaying the timeline is paid from the scripts' budget: a goto in a
+        // loop costs what it really does
+        istruzioniPasso -= 1 + static_cast<int64_t>(c.seq->fotogrammi[static_cast<size_t>(k)].comandi.size());
         for (const Comando &cmd : c.seq->fotogrammi[static_cast<size_t>(k)].comandi) {
             if (cmd.tipo == Comando::Togli) {
                 stato.erase(cmd.profondita);
@@ -193,8 +199,12 @@ void Riproduzione::vaiA(const std::shared_ptr<Clip> &cp, int f, bool suona)
     if (f == c.corrente)
         return;
     if (f > c.corrente) {
-        for (int k = c.corrente + 1; k <= f; ++k)
+        for (int k = c.corrente + 1; k <= f; ++k) {
+            istruzioniPasso -= 1 + static_cast<int64_t>(c.seq->fotogrammi.size() > static_cast<size_t>(k)
+                                                        ? c.seq->fotogrammi[static_cast<size_t>(k)].comandi.size()
+                                                        : 0);
             eseguiFotogramma(cp, k, k == f);
+        }
     } else {
         accoda(cp, f);
         ricostruisci(cp, f);
@@ -225,7 +235,8 @@ void Riproduzione::avanzaAlbero(const std::shared_ptr<Clip> &cp)
 void Riproduzione::eseguiCoda()
 {
     int eseguite = 0;
-    while (!coda.empty() && eseguite < kMaxAzioniPerTick) {
+    istruzioniPasso = kMaxIstruzioniPerTick;
+    while (!coda.empty() && eseguite < kMaxAzioniPerTick && istruzioniPasso > 0) {
         Azione a = std::move(coda.front());
         coda.pop_front();
         ++eseguite;

@@ -68,6 +68,9 @@ struct Riproduzione {
     // instances made since the last tick began: removing and making them
     // again must not let a multiplying tree run on without end
     size_t creazioniPasso = 0;
+    // script instructions left to all the scripts of this tick together: a
+    // loop in one script, or thousands of small scripts, cannot stall the face
+    int64_t istruzioniPasso = 0;
     QImage tampone;  // reused by every draw of the same size
 
     // Films loop: a picture already drawn for the same state of the display
