@@ -9,7 +9,6 @@ namespace swf {
 
 namespace {
 
-constexpr int kMaxIstruzioni = 100000;
 constexpr size_t kMaxPila = 4096;
 // Joined strings stop growing here: names and labels are short, and a script
 // that doubles a string in a loop must not fill the memory
@@ -177,8 +176,8 @@ void eseguiAvm1(Riproduzione &r, const std::shared_ptr<Clip> &clip, const QByteA
         return v;
     };
 
-    for (int istruzioni = 0; istruzioni < kMaxIstruzioni && r.istruzioniPasso > 0 && lt.ok() && !lt.fine();
-         ++istruzioni, --r.istruzioniPasso) {
+    // every instruction is paid from the tick's budget, shared by all scripts
+    for (; r.istruzioniPasso > 0 && lt.ok() && !lt.fine(); --r.istruzioniPasso) {
         uint8_t op = lt.u8();
         if (op == 0)
             break;

@@ -6,10 +6,13 @@ namespace swf {
 
 namespace {
 constexpr int kMaxAzioniPerTick = 20000;
-constexpr int64_t kMaxIstruzioniPerTick = 200000;
-constexpr size_t kMaxIstanze = 20000;       // in one display list
-constexpr size_t kMaxIstanzeFilm = 100000;  // in the whole tree of a film
-constexpr size_t kMaxCreazioniPerPasso = 200000;
+// A children's film runs a handful of stops and gotos a frame and shows a few
+// dozen clips; these limits are far above that and keep a broken or hostile
+// file from stalling a face.
+constexpr int64_t kMaxIstruzioniPerTick = 25000;
+constexpr size_t kMaxIstanze = 20000;      // in one display list
+constexpr size_t kMaxIstanzeFilm = 20000;  // in the whole tree of a film
+constexpr size_t kMaxCreazioniPerPasso = 20000;
 }
 
 void applicaPiazza(Istanza &i, const Piazza &p)
