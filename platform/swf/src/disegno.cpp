@@ -20,7 +20,38 @@ struct Ctx {
     QSize dimensione;
     bool inStrato = false;  // inside a 'layer' group: alpha and erase apply
     int annidamento = 0;
+    // work left for this picture, shared by every copy of the context: path
+    // elements handed to the rasteriser, layers made. A film that draws
+    // thousands of huge shapes stops being drawn when it runs out, instead
+    // of holding the face for seconds.
+    int64_t *lavoro = nullptr;
 };
+
+// A children's picture needs a few thousand path elements; this is hundreds
+// of times that, and about a tenth of a second of rasterising at its worst.
+constexpr int64_t kMaxLavoroPerQuadro = 2'000'000;
+
+// What a path costs the rasteriser: its elements, and far more when it reaches
+// beyond the raster engine's fixed-point range and has to be clipped first
+// (milliseconds, however few its elements).
+int64_t costoPercorso(const QPainterPath &percorso, const QTransform &m)
+{
+    constexpr double kLimiteRaster = 32767;
+    const QRectF r = m.mapRect(percorso.controlPointRect());
+    const bool enorme = !(r.left() > -kLimiteRaster && r.top() > -kLimiteRaster && r.right() < kLimiteRaster
+                          && r.bottom() < kLimiteRaster);
+    return 1 + percorso.elementCount() + (enorme ? 100000 : 0);
+}
+
+bool paga(const Ctx &ctx, int64_t costo)
+{
+    if (!ctx.lavoro)
+        return true;
+    if (*ctx.lavoro <= 0)
+        return false;
+    *ctx.lavoro -= costo;
+    return true;
+}
 
 double scalaDi(const QTransform &m)
 {
@@ -202,6 +233,8 @@ void riduci(QImage &vista, QTransform &matrice, const QTransform &m)
 void riempi(QPainter &p, const QPainterPath &percorso, const Riempimento &f, const QTransform &m,
             const ColorTransform &cx, const Ctx &ctx)
 {
+    if (!paga(ctx, costoPercorso(percorso, p.transform())))
+        return;
     switch (f.tipo) {
     case Riempimento::Solido:
         p.fillPath(percorso, cx.applica(f.colore));
@@ -278,6 +311,8 @@ void traccia(QPainter &p, const QPainterPath &percorso, const Tratto &t, const Q
              const ColorTransform &cx, const Ctx &ctx, QPainterPath *contorno, QPainterPath *contornoSpianato = nullptr,
              double scalaSpianato = 0)
 {
+    if (!paga(ctx, costoPercorso(percorso, p.transform())))
+        return;
     QPen pen;
     if (t.conRiempimento && t.riempimento.tipo == Riempimento::Grad)
         pen.setBrush(pennelloGradiente(t.riempimento.grad, cx));
@@ -414,6 +449,9 @@ QPainterPath percorsoMaschera(const Istanza &i, const QTransform &genitore, cons
     default:
         break;
     }
+    // a mask is handed to the rasteriser as a clip: paid like a fill
+    if (!paga(ctx, costoPercorso(out, QTransform())))
+        return QPainterPath();
     return out;
 }
 
@@ -722,13 +760,15 @@ void disegnaContenuto(QPainter &p, const Istanza &i, const QTransform &m, const 
         break;
     case Definizione::TestoT:
         perOgniGlifo(ctx, *i.def.testo, m, [&](const QPainterPath &g, const QTransform &gm, const VoceTesto &v) {
+            if (!paga(ctx, costoPercorso(g, gm)))
+                return;
             p.setTransform(gm);
             p.fillPath(g, cx.applica(v.colore));
         });
         break;
     case Definizione::BitmapT: {
         const QImage *img = bitmapDi(ctx, i.carattere);
-        if (img) {
+        if (img && paga(ctx, 1 + static_cast<int64_t>(img->width()) * img->height() / 64)) {
             p.setTransform(QTransform::fromScale(20, 20) * m);
             p.setRenderHint(QPainter::SmoothPixmapTransform, false);
             p.drawImage(0, 0, immagineTrasformata(*img, cx));
@@ -765,6 +805,10 @@ void disegnaIstanza(QPainter &p, const Istanza &i, const QTransform &genitore, c
         // without a 'layer' ancestor these modes have nothing to cut into
         return;
     }
+    // a layer, and each filter on it, is paid by its pixels
+    if (!paga(ctx, static_cast<int64_t>(ctx.dimensione.width()) * ctx.dimensione.height() / 16
+                       * static_cast<int64_t>(1 + i.filtri.size())))
+        return;
     QImage strato(ctx.dimensione, QImage::Format_ARGB32_Premultiplied);
     strato.fill(0);
     {
@@ -828,6 +872,8 @@ void disegnaFilm(QImage &dest, const Riproduzione &r, const QTransform &scenaADi
     if (!r.film || !r.radice)
         return;
     Ctx ctx{*r.film, o, dest.size()};
+    int64_t lavoro = kMaxLavoroPerQuadro;
+    ctx.lavoro = &lavoro;
     QPainter p(&dest);
     p.setRenderHint(QPainter::Antialiasing, o.antialias);
     p.setRenderHint(QPainter::SmoothPixmapTransform, o.antialias);
