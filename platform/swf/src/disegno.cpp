@@ -295,7 +295,9 @@ QPainterPath spiana(const QPainterPath &p, double scala)
             const QPointF c1 = e, c2 = p.elementAt(i + 1), fine = p.elementAt(i + 2);
             i += 2;
             const double lunghezza = (QLineF(ultimo, c1).length() + QLineF(c1, c2).length() + QLineF(c2, fine).length()) * scala;
-            const int n = std::clamp(static_cast<int>(std::ceil(std::sqrt(lunghezza * 1.5))), 1, 64);
+            // NaN and huge lengths from broken files must not reach the int
+            const double passi = std::ceil(std::sqrt(lunghezza * 1.5));
+            const int n = std::isnan(passi) ? 1 : static_cast<int>(std::clamp(passi, 1.0, 64.0));
             for (int k = 1; k < n; ++k) {
                 const double t = static_cast<double>(k) / n, u = 1 - t;
                 out.lineTo(ultimo * (u * u * u) + c1 * (3 * u * u * t) + c2 * (3 * u * t * t) + fine * (t * t * t));
@@ -637,7 +639,7 @@ void applicaFiltri(QImage &strato, const std::vector<Filtro> &filtri, const Ctx 
                     int o[4];
                     for (int k = 0; k < 4; ++k) {
                         double val = m[k * 5] * c[0] + m[k * 5 + 1] * c[1] + m[k * 5 + 2] * c[2] + m[k * 5 + 3] * c[3] + m[k * 5 + 4];
-                        o[k] = static_cast<int>(std::clamp(val, 0.0, 255.0));
+                        o[k] = std::isnan(val) ? 0 : static_cast<int>(std::clamp(val, 0.0, 255.0));
                     }
                     s[x] = qPremultiply(qRgba(o[0], o[1], o[2], o[3]));
                 }
