@@ -13,6 +13,15 @@ constexpr int64_t kMaxIstruzioniPerTick = 25000;
 constexpr size_t kMaxIstanze = 20000;      // in one display list
 constexpr size_t kMaxIstanzeFilm = 20000;  // in the whole tree of a film
 constexpr size_t kMaxCreazioniPerPasso = 20000;
+
+// What stepping through frame k costs the scripts' budget: a goto in a loop
+// pays for the frames it replays, empty ones included
+int64_t costoFotogramma(const Sequenza &s, int k)
+{
+    return 1 + (k < static_cast<int>(s.fotogrammi.size())
+                    ? static_cast<int64_t>(s.fotogrammi[static_cast<size_t>(k)].comandi.size())
+                    : 0);
+}
 }
 
 void applicaPiazza(Istanza &i, const Piazza &p)
@@ -138,9 +147,7 @@ void Riproduzione::ricostruisci(const std::shared_ptr<Clip> &cp, int f)
     };
     std::map<int, Stato> stato;
     for (int k = 0; k <= f && k < static_cast<int>(c.seq->fotogrammi.size()); ++k) {
-        // replaying the timeline is paid from the scripts' budget: a goto in a
-        // loop costs what it really does
-        istruzioniPasso -= 1 + static_cast<int64_t>(c.seq->fotogrammi[static_cast<size_t>(k)].comandi.size());
+        istruzioniPasso -= costoFotogramma(*c.seq, k);
         for (const Comando &cmd : c.seq->fotogrammi[static_cast<size_t>(k)].comandi) {
             if (cmd.tipo == Comando::Togli) {
                 stato.erase(cmd.profondita);
@@ -203,9 +210,7 @@ void Riproduzione::vaiA(const std::shared_ptr<Clip> &cp, int f, bool suona)
         return;
     if (f > c.corrente) {
         for (int k = c.corrente + 1; k <= f; ++k) {
-            istruzioniPasso -= 1 + static_cast<int64_t>(c.seq->fotogrammi.size() > static_cast<size_t>(k)
-                                                        ? c.seq->fotogrammi[static_cast<size_t>(k)].comandi.size()
-                                                        : 0);
+            istruzioniPasso -= costoFotogramma(*c.seq, k);
             eseguiFotogramma(cp, k, k == f);
         }
     } else {
