@@ -93,15 +93,16 @@ inline QByteArray tag(int codice, const QByteArray &corpo, bool lungo = false)
     return b.fine() + corpo;
 }
 
-// DefineShape3 with one solid rectangle (twips), fill style 1 on the inside.
-inline QByteArray rettangolo(int id, int x0, int y0, int x1, int y1, uint32_t rgba)
+// DefineShape3 with one rectangle (twips), fill style 1 on the inside; the
+// caller writes the fill style.
+template <typename Stile>
+QByteArray rettangoloCon(int id, int x0, int y0, int x1, int y1, Stile stile)
 {
     Bit b;
     b.u16(id);
     rect(b, x0, x1, y0, y1);
     b.u8(1);     // one fill style
-    b.u8(0x00);  // solid
-    b.u8(rgba >> 24); b.u8((rgba >> 16) & 0xff); b.u8((rgba >> 8) & 0xff); b.u8(rgba & 0xff);
+    stile(b);
     b.u8(0);     // no line styles
     b.ub(1, 4);  // fill bits
     b.ub(0, 4);  // line bits
@@ -125,6 +126,49 @@ inline QByteArray rettangolo(int id, int x0, int y0, int x1, int y1, uint32_t rg
     retta(0, y0 - y1);
     b.ub(0, 6);  // end
     return tag(32, b.fine());
+}
+
+// A solid rectangle.
+inline QByteArray rettangolo(int id, int x0, int y0, int x1, int y1, uint32_t rgba)
+{
+    return rettangoloCon(id, x0, y0, x1, y1, [rgba](Bit &b) {
+        b.u8(0x00);  // solid
+        b.u8(rgba >> 24); b.u8((rgba >> 16) & 0xff); b.u8((rgba >> 8) & 0xff); b.u8(rgba & 0xff);
+    });
+}
+
+// A rectangle filled with a clipped, unsmoothed bitmap, each bitmap pixel
+// `scala` twips wide, from the rectangle's origin.
+inline QByteArray rettangoloBitmap(int id, int bitmap, int x0, int y0, int x1, int y1, double scala)
+{
+    return rettangoloCon(id, x0, y0, x1, y1, [=](Bit &b) {
+        b.u8(0x43);
+        b.u16(bitmap);
+        matrice(b, x0, y0, scala, scala);
+    });
+}
+
+// DefineBitsLossless2 of 32-bit pixels, given as 0xAARRGGBB (not premultiplied).
+inline QByteArray bitmapArgb(int id, int larghezza, int altezza, const std::vector<uint32_t> &pixel)
+{
+    QByteArray grezzi;
+    for (uint32_t v : pixel) {
+        const uint32_t a = v >> 24;
+        grezzi.append(static_cast<char>(a));
+        for (int k = 16; k >= 0; k -= 8)
+            grezzi.append(static_cast<char>(((v >> k) & 0xff) * a / 255));
+    }
+    uLongf n = compressBound(static_cast<uLong>(grezzi.size()));
+    QByteArray z(static_cast<qsizetype>(n), '\0');
+    compress2(reinterpret_cast<Bytef *>(z.data()), &n, reinterpret_cast<const Bytef *>(grezzi.constData()),
+              static_cast<uLong>(grezzi.size()), 9);
+    z.resize(static_cast<qsizetype>(n));
+    Bit b;
+    b.u16(id);
+    b.u8(5);
+    b.u16(larghezza);
+    b.u16(altezza);
+    return tag(36, b.fine() + z, true);
 }
 
 // DefineShape3: a wobbly closed blob of curves, filled and outlined.

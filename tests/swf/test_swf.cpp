@@ -2,12 +2,16 @@
 
 #include "lettore.h"
 #include "modello.h"
+#include "riproduzione.h"
 #include "swf/filmato.h"
 
 #include <QElapsedTimer>
 #include <QPainter>
 #include <QRandomGenerator>
 #include <QTest>
+
+#include <bit>
+#include <limits>
 
 using namespace swftest;
 
@@ -260,6 +264,27 @@ private slots:
         QVERIFY(f.memoriaUsata() < 512 * 1024 * 1024);
     }
 
+    // A film whose sprites double at every level would hold 2^14 clips: it
+    // keeps at most 5,000 alive, and still shows the ones it made.
+    void aFilmKeepsAtMostFiveThousandClipsAlive()
+    {
+        QByteArray defs = rettangolo(1, 0, 0, 400, 400, 0x00ff00ff);
+        for (int id = 2; id < 16; ++id)
+            defs += sprite(id, 1, piazza(1, id - 1) + piazza(2, id - 1, 40, 0) + mostra());
+        swf::Riproduzione r;
+        r.film = swf::leggiFilm(film(defs + piazza(1, 15) + mostra(), 1));
+        QVERIFY(r.film);
+        r.inizia();
+        for (int i = 0; i < 3; ++i) {
+            QVERIFY2(*r.istanzeVive <= 5000, qPrintable(QString::number(*r.istanzeVive)));
+            QVERIFY2(*r.istanzeVive >= 4000, qPrintable(QString::number(*r.istanzeVive)));
+            r.passo();
+        }
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(film(defs + piazza(1, 15) + mostra(), 1)));
+        QCOMPARE(pixel(f, 5, 5), qRgb(0, 255, 0));
+    }
+
     void mainTimelineLoopsBackToTheFirstFrame()
     {
         swf::Filmato f;
@@ -427,6 +452,67 @@ private slots:
         QVERIFY(rosso(pixel(f, 20, 20)));
         QCOMPARE(pixel(f, 80, 20), qRgb(255, 255, 255));  // masked away
         QCOMPARE(pixel(f, 80, 80), qRgb(0, 0, 255));      // not under the mask
+    }
+
+    // A bitmap under a colour transform: every channel of every pixel
+    // multiplied, offset and clamped, as the film's transform says.
+    void colourTransformOfABitmapReachesEveryPixel()
+    {
+        const std::vector<uint32_t> colori = {0xffc86432, 0xff0a141e, 0xffffffff, 0xff000000};
+        QByteArray t = bitmapArgb(1, 2, 2, colori);
+        t += rettangoloBitmap(2, 1, 0, 0, 400, 400, 200);  // each bitmap pixel 10 stage pixels wide
+        Bit m;
+        m.u8(0x08 | 0x04 | 0x02);  // colour transform, matrix, character
+        m.u16(1);
+        m.u16(2);
+        matrice(m, 0, 0);
+        // multiply red by 0.5, green by 2, blue and alpha by 1; add 10, -20, 100, 0
+        m.ub(1, 1); m.ub(1, 1); m.ub(11, 4);
+        for (int v : {128, 512, 256, 256})
+            m.sb(v, 11);
+        for (int v : {10, -20, 100, 0})
+            m.sb(v, 11);
+        t += tag(26, m.fine()) + mostra();
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(film(t, 1)));
+        const QImage img = f.immagine(f.dimensioneScena(), false);
+        auto stretto = [](int v) { return std::clamp(v, 0, 255); };
+        for (int i = 0; i < 4; ++i) {
+            const uint32_t c = colori[static_cast<size_t>(i)];
+            const int r = (c >> 16) & 0xff, g = (c >> 8) & 0xff, b = c & 0xff;
+            const QRgb atteso = qRgb(stretto(r * 128 / 256 + 10), stretto(g * 2 - 20), stretto(b + 100));
+            const QRgb visto = img.pixel(5 + 10 * (i % 2), 5 + 10 * (i / 2));
+            QVERIFY2(std::abs(qRed(visto) - qRed(atteso)) <= 1 && std::abs(qGreen(visto) - qGreen(atteso)) <= 1
+                         && std::abs(qBlue(visto) - qBlue(atteso)) <= 1 && qAlpha(visto) == 255,
+                     qPrintable(QStringLiteral("pixel %1: %2 instead of %3").arg(i).arg(visto, 8, 16).arg(atteso, 8, 16)));
+        }
+    }
+
+    // A colour-matrix filter whose red row is not a number (a broken file):
+    // red comes out 0, the other channels as the matrix says. In the fuzzing
+    // build, which stops on undefined behaviour, this also checks that NaN
+    // never reaches a conversion to int.
+    void aColourMatrixOfNotANumberGivesZero()
+    {
+        QByteArray t = rettangolo(1, 0, 0, 2000, 2000, 0xc86432ff);
+        Bit m;
+        m.u8(0x04 | 0x02);  // matrix, character
+        m.u8(0x01);         // filter list
+        m.u16(1);
+        m.u16(1);
+        matrice(m, 0, 0);
+        m.u8(1);  // one filter
+        m.u8(6);  // colour matrix
+        const float nan = std::numeric_limits<float>::quiet_NaN();
+        const float righe[20] = {nan, nan, nan, nan, nan,  0, 1, 0, 0, 0,  0, 0, 1, 0, 0,  0, 0, 0, 1, 0};
+        for (float v : righe)
+            m.u32(std::bit_cast<uint32_t>(v));
+        t += tag(70, m.fine()) + mostra();
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(film(t, 1)));
+        const QRgb c = pixel(f, 50, 50);
+        QCOMPARE(qRed(c), 0);
+        QVERIFY2(std::abs(qGreen(c) - 0x64) <= 1 && std::abs(qBlue(c) - 0x32) <= 1, qPrintable(QString::number(c, 16)));
     }
 
     void drawScalesShowAllCentredAndLetterboxed()

@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QPainter>
 
+#include <array>
 #include <cmath>
 
 namespace swf {
@@ -21,10 +22,18 @@ struct Ctx {
     bool inStrato = false;  // inside a 'layer' group: alpha and erase apply
     int annidamento = 0;
     // work left for this picture, shared by every copy of the context: path
-    // elements handed to the rasteriser, layers made. A film that draws
-    // thousands of huge shapes stops being drawn when it runs out, instead
-    // of holding the face for seconds.
+    // elements handed to the rasteriser, layers made, bitmaps recoloured. A
+    // film that draws thousands of huge shapes stops being drawn when it runs
+    // out, instead of holding the face for seconds.
     int64_t *lavoro = nullptr;
+    // the last bitmap rewritten under a colour transform in this picture,
+    // shared like the work: a pattern of copies of one faded bitmap rewrites
+    // its pixels once
+    struct Colorato {
+        qint64 chiave = 0;
+        ColorTransform cx;
+        QImage img;
+    } *colorato = nullptr;
 };
 
 // A children's picture needs a few thousand path elements; this is hundreds
@@ -177,13 +186,23 @@ QImage immagineTrasformata(const QImage &src, const ColorTransform &cx)
 {
     if (cx.identita())
         return src;
+    // each channel depends on itself only: one table of 256 per channel,
+    // filled by the transform itself, instead of the transform per pixel
+    std::array<std::array<QRgb, 256>, 4> tabella;
+    for (int v = 0; v < 256; ++v) {
+        const auto u = static_cast<uint8_t>(v);
+        const QRgb t = cx.applica(Rgba{u, u, u, u}).rgba();
+        tabella[0][v] = t & 0x00ff0000u;
+        tabella[1][v] = t & 0x0000ff00u;
+        tabella[2][v] = t & 0x000000ffu;
+        tabella[3][v] = t & 0xff000000u;
+    }
     QImage out = src.convertToFormat(QImage::Format_ARGB32);
     for (int y = 0; y < out.height(); ++y) {
         auto *p = reinterpret_cast<QRgb *>(out.scanLine(y));
         for (int x = 0; x < out.width(); ++x) {
-            QRgb v = p[x];
-            Rgba c{static_cast<uint8_t>(qRed(v)), static_cast<uint8_t>(qGreen(v)), static_cast<uint8_t>(qBlue(v)), static_cast<uint8_t>(qAlpha(v))};
-            p[x] = cx.applica(c).rgba();
+            const QRgb v = p[x];
+            p[x] = tabella[0][qRed(v)] | tabella[1][qGreen(v)] | tabella[2][qBlue(v)] | tabella[3][qAlpha(v)];
         }
     }
     return out.convertToFormat(QImage::Format_ARGB32_Premultiplied);
@@ -196,6 +215,27 @@ const QImage *bitmapDi(const Ctx &ctx, uint16_t id)
         return nullptr;
     const QImage &img = decodificaBitmap(*it->second.bitmap, ctx.film.tabelleJpeg);
     return img.isNull() ? nullptr : &img;
+}
+
+// A bitmap as a fill or a character shows it. Under a colour transform every
+// pixel of the whole bitmap is rewritten first, and the picture's budget pays
+// for them as for a layer of that size; null when the bitmap is missing or
+// the budget has run out.
+QImage bitmapColorato(const Ctx &ctx, uint16_t id, const ColorTransform &cx)
+{
+    const QImage *img = bitmapDi(ctx, id);
+    if (!img)
+        return {};
+    if (cx.identita())
+        return *img;
+    if (ctx.colorato && ctx.colorato->chiave == img->cacheKey() && ctx.colorato->cx == cx)
+        return ctx.colorato->img;
+    if (!paga(ctx, 1 + static_cast<int64_t>(img->width()) * img->height() / 16))
+        return {};
+    QImage out = immagineTrasformata(*img, cx);
+    if (ctx.colorato)
+        *ctx.colorato = {img->cacheKey(), cx, out};
+    return out;
 }
 
 // A smoothed bitmap drawn much smaller than it is: average it down first
@@ -244,10 +284,9 @@ void riempi(QPainter &p, const QPainterPath &percorso, const Riempimento &f, con
             p.fillPath(percorso, pennelloGradiente(f.grad, cx));
         break;
     case Riempimento::Bitmap: {
-        const QImage *img = bitmapDi(ctx, f.bitmapId);
-        if (!img)
+        QImage vista = bitmapColorato(ctx, f.bitmapId, cx);
+        if (vista.isNull())
             break;
-        QImage vista = immagineTrasformata(*img, cx);
         QTransform matrice = f.matriceBitmap;
         if (f.liscio && ctx.opz.antialias)
             riduci(vista, matrice, m);
@@ -316,10 +355,13 @@ void traccia(QPainter &p, const QPainterPath &percorso, const Tratto &t, const Q
     if (!paga(ctx, costoPercorso(percorso, p.transform())))
         return;
     QPen pen;
+    const QImage bitmap = t.conRiempimento && t.riempimento.tipo == Riempimento::Bitmap
+                              ? bitmapColorato(ctx, t.riempimento.bitmapId, cx)
+                              : QImage();
     if (t.conRiempimento && t.riempimento.tipo == Riempimento::Grad)
         pen.setBrush(pennelloGradiente(t.riempimento.grad, cx));
-    else if (t.conRiempimento && t.riempimento.tipo == Riempimento::Bitmap && bitmapDi(ctx, t.riempimento.bitmapId)) {
-        QBrush b(immagineTrasformata(*bitmapDi(ctx, t.riempimento.bitmapId), cx));
+    else if (!bitmap.isNull()) {
+        QBrush b(bitmap);
         b.setTransform(t.riempimento.matriceBitmap);
         pen.setBrush(b);
     } else
@@ -773,7 +815,7 @@ void disegnaContenuto(QPainter &p, const Istanza &i, const QTransform &m, const 
         if (img && paga(ctx, 1 + static_cast<int64_t>(img->width()) * img->height() / 64)) {
             p.setTransform(QTransform::fromScale(20, 20) * m);
             p.setRenderHint(QPainter::SmoothPixmapTransform, false);
-            p.drawImage(0, 0, immagineTrasformata(*img, cx));
+            p.drawImage(0, 0, bitmapColorato(ctx, i.carattere, cx));
         }
         break;
     }
@@ -876,6 +918,8 @@ void disegnaFilm(QImage &dest, const Riproduzione &r, const QTransform &scenaADi
     Ctx ctx{*r.film, o, dest.size()};
     int64_t lavoro = kMaxLavoroPerQuadro;
     ctx.lavoro = &lavoro;
+    Ctx::Colorato colorato;
+    ctx.colorato = &colorato;
     QPainter p(&dest);
     p.setRenderHint(QPainter::Antialiasing, o.antialias);
     p.setRenderHint(QPainter::SmoothPixmapTransform, o.antialias);

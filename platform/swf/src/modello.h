@@ -33,6 +33,7 @@ struct ColorTransform {
     double mr = 1, mg = 1, mb = 1, ma = 1;
     double ar = 0, ag = 0, ab = 0, aa = 0;  // in 0..255 units
 
+    bool operator==(const ColorTransform &) const = default;
     bool identita() const { return mr == 1 && mg == 1 && mb == 1 && ma == 1 && ar == 0 && ag == 0 && ab == 0 && aa == 0; }
     // this applied after inner
     ColorTransform dopo(const ColorTransform &inner) const

@@ -10,9 +10,9 @@ constexpr int kMaxAzioniPerTick = 20000;
 // dozen clips; these limits are far above that and keep a broken or hostile
 // file from stalling a face.
 constexpr int64_t kMaxIstruzioniPerTick = 25000;
-constexpr size_t kMaxIstanze = 20000;      // in one display list
-constexpr size_t kMaxIstanzeFilm = 20000;  // in the whole tree of a film
-constexpr size_t kMaxCreazioniPerPasso = 20000;
+constexpr size_t kMaxIstanze = 5000;      // in one display list
+constexpr size_t kMaxIstanzeFilm = 5000;  // in the whole tree of a film
+constexpr size_t kMaxCreazioniPerPasso = 5000;
 
 // What stepping through frame k costs the scripts' budget: a goto in a loop
 // pays for the frames it replays, empty ones included
