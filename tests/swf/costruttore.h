@@ -81,6 +81,16 @@ inline void matrice(Bit &b, int tx, int ty, double sx = 1, double sy = 1)
     b.allinea();
 }
 
+inline QByteArray zlib(const QByteArray &dati)
+{
+    uLongf n = compressBound(static_cast<uLong>(dati.size()));
+    QByteArray z(static_cast<qsizetype>(n), '\0');
+    compress2(reinterpret_cast<Bytef *>(z.data()), &n, reinterpret_cast<const Bytef *>(dati.constData()),
+              static_cast<uLong>(dati.size()), 9);
+    z.resize(static_cast<qsizetype>(n));
+    return z;
+}
+
 inline QByteArray tag(int codice, const QByteArray &corpo, bool lungo = false)
 {
     Bit b;
@@ -158,17 +168,12 @@ inline QByteArray bitmapArgb(int id, int larghezza, int altezza, const std::vect
         for (int k = 16; k >= 0; k -= 8)
             grezzi.append(static_cast<char>(((v >> k) & 0xff) * a / 255));
     }
-    uLongf n = compressBound(static_cast<uLong>(grezzi.size()));
-    QByteArray z(static_cast<qsizetype>(n), '\0');
-    compress2(reinterpret_cast<Bytef *>(z.data()), &n, reinterpret_cast<const Bytef *>(grezzi.constData()),
-              static_cast<uLong>(grezzi.size()), 9);
-    z.resize(static_cast<qsizetype>(n));
     Bit b;
     b.u16(id);
     b.u8(5);
     b.u16(larghezza);
     b.u16(altezza);
-    return tag(36, b.fine() + z, true);
+    return tag(36, b.fine() + zlib(grezzi), true);
 }
 
 // DefineShape3: a wobbly closed blob of curves, filled and outlined.
@@ -260,14 +265,9 @@ inline QByteArray film(const QByteArray &tags, int fotogrammi, int larghezza = 1
 
 inline QByteArray comprimiCws(const QByteArray &fws)
 {
-    uLongf n = compressBound(static_cast<uLong>(fws.size()));
-    QByteArray z(static_cast<qsizetype>(n), '\0');
-    compress2(reinterpret_cast<Bytef *>(z.data()), &n, reinterpret_cast<const Bytef *>(fws.constData() + 8),
-              static_cast<uLong>(fws.size() - 8), 9);
-    z.resize(static_cast<qsizetype>(n));
     QByteArray out = fws.left(8);
     out[0] = 'C';
-    return out + z;
+    return out + zlib(fws.mid(8));
 }
 
 inline QByteArray comprimiZws(const QByteArray &fws)
