@@ -1,9 +1,42 @@
 #include "platform/Attendi.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QTimer>
 #include <QtTest>
+
+// The wait is driven by a clock of the test's own, moved on by a timer of the
+// test in fixed steps: every check is on that clock and on the steps taken,
+// never on the machine's time, so a busy machine only makes a test slower.
+class OrologioAPassi
+{
+public:
+    OrologioAPassi(double inizio, double passo, double mezzanotte = 0)
+        : ora(inizio), passo(passo), mezzanotte(mezzanotte)
+    {
+        ImpostaOrologioPerProve([this] { return ora; });
+        lancetta.setTimerType(Qt::PreciseTimer);
+        lancetta.setInterval(1);
+        QObject::connect(&lancetta, &QTimer::timeout, [this] {
+            ora += this->passo;
+            if (this->mezzanotte > 0 && ora >= this->mezzanotte)
+                ora -= this->mezzanotte;
+            ++passi;
+            if (dopoOgniPasso)
+                dopoOgniPasso();
+        });
+        lancetta.start();
+    }
+    ~OrologioAPassi() { ImpostaOrologioPerProve({}); }
+
+    double ora;
+    double passo;
+    double mezzanotte;
+    int passi = 0;
+    std::function<void()> dopoOgniPasso;
+
+private:
+    QTimer lancetta;
+};
 
 class TestAttendi : public QObject
 {
@@ -15,61 +48,85 @@ private slots:
         ImpostaScalaAttesa(1.0);
     }
 
-    void waitsAtLeastItsTime()
+    void waitsUntilItsClockHasRunItsTime()
     {
-        QElapsedTimer t;
-        t.start();
+        OrologioAPassi orologio(1000.0, 0.01);
         Attendi(0.2);
-        QVERIFY(t.elapsed() >= 190);
+        QVERIFY2(orologio.ora >= 1000.2 - 1e-9, qPrintable(QString::number(orologio.ora, 'f', 3)));
+        QVERIFY(orologio.passi >= 20);
+    }
+
+    void aWaitWhoseClockStandsStillDoesNotEnd()
+    {
+        // The clock moves by nothing: after many steps the wait is still on.
+        OrologioAPassi orologio(500.0, 0.0);
+        bool ancoraInAttesa = false;
+        orologio.dopoOgniPasso = [&] {
+            if (orologio.passi == 50) {
+                ancoraInAttesa = AtteseInCorso() == 1;
+                InterrompiAttesePerProve();
+            }
+        };
+        Attendi(0.05);
+        QVERIFY(ancoraInAttesa);
+        QCOMPARE(AtteseInCorso(), 0);
     }
 
     void eventsGoOnBeingHandledDuringTheWait()
     {
-        bool arrivato = false;
-        QTimer::singleShot(20, [&] { arrivato = true; });
+        // The only thing that moves the clock is an event handled inside the
+        // wait: the wait can end only if events are handled.
+        double ora = 200.0;
+        ImpostaOrologioPerProve([&] { return ora; });
+        bool arrivatoDurante = false;
+        QTimer::singleShot(0, [&] {
+            arrivatoDurante = AtteseInCorso() == 1;
+            ora = 200.15;
+        });
         Attendi(0.15);
-        QVERIFY(arrivato);
+        QVERIFY(arrivatoDurante);
+        QCOMPARE(AtteseInCorso(), 0);
     }
 
     void theScaleShortensTheWaitForTests()
     {
+        // Ten seconds at a scale of 0.01 end after a tenth of a second on the
+        // clock: ten steps of 0.01 at least, and far fewer than the thousand
+        // that ten whole seconds would take.
         ImpostaScalaAttesa(0.01);
-        QElapsedTimer t;
-        t.start();
+        OrologioAPassi orologio(300.0, 0.01);
         Attendi(10);
-        QVERIFY(t.elapsed() < 2000);
-        QVERIFY(t.elapsed() >= 90);
+        QVERIFY2(orologio.ora >= 300.1 - 1e-9, qPrintable(QString::number(orologio.ora, 'f', 3)));
+        QVERIFY2(orologio.passi >= 10, qPrintable(QString::number(orologio.passi)));
+        QVERIFY2(orologio.passi < 1000, qPrintable(QString::number(orologio.passi)));
     }
 
     void aWaitEndingPastMidnightNeverEnds()
     {
-        // The clock starts at 23:59:59.9 and runs on; after midnight it starts again from 0.
-        QElapsedTimer reale;
-        reale.start();
-        ImpostaOrologioPerProve([&] {
-            const double s = 86399.9 + reale.elapsed() / 1000.0;
-            return s >= 86400.0 ? s - 86400.0 : s;
-        });
-        bool finita = false;
+        // The clock starts at 23:59:59.9, runs on past midnight and starts
+        // again from 0; the end of the wait, 86400.2, is never reached.
+        OrologioAPassi orologio(86399.9, 0.05, 86400.0);
         bool ancoraInAttesa = false;
-        QTimer::singleShot(700, [&] {
-            ancoraInAttesa = AtteseInCorso() == 1;
-            InterrompiAttesePerProve();
-        });
+        bool passataMezzanotte = false;
+        orologio.dopoOgniPasso = [&] {
+            if (orologio.ora < 1.0)
+                passataMezzanotte = true;
+            if (orologio.passi == 40) {  // two seconds on the clock, the wait long over if it could end
+                ancoraInAttesa = AtteseInCorso() == 1;
+                InterrompiAttesePerProve();
+            }
+        };
         Attendi(0.3);
-        finita = true;
+        QVERIFY(passataMezzanotte);
         QVERIFY2(ancoraInAttesa, "a wait across midnight ended by itself");
-        QVERIFY(finita);
     }
 
     void aWaitBeforeMidnightEndsNormally()
     {
-        QElapsedTimer reale;
-        reale.start();
-        ImpostaOrologioPerProve([&] { return 86000.0 + reale.elapsed() / 1000.0; });
+        OrologioAPassi orologio(86000.0, 0.01, 86400.0);
         Attendi(0.1);
         QCOMPARE(AtteseInCorso(), 0);
-        QVERIFY(reale.elapsed() >= 95);
+        QVERIFY(orologio.ora >= 86000.1 - 1e-9);
     }
 };
 
