@@ -1,5 +1,6 @@
 #include "platform/Controlli.h"
 
+#include "platform/Colori.h"
 #include "platform/Twips.h"
 
 #include <QAbstractButton>
@@ -21,6 +22,22 @@ int IndiceDi(const QObject *o)
     return v.isValid() ? v.toInt() : -1;
 }
 void ImpostaIndice(QObject *o, int indice) { o->setProperty("Index", indice); }
+
+double ForeColorDi(const QWidget *w)
+{
+    const QVariant v = w->property("ForeColor");
+    return v.isValid() ? v.toDouble() : Colori::TestoFinestra;
+}
+
+void ImpostaForeColor(QWidget *w, double colore)
+{
+    w->setProperty("ForeColor", colore);
+    QPalette p = w->palette();
+    const QColor c = ColoreDaNumero(colore);
+    for (auto ruolo : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        p.setColor(ruolo, c);
+    w->setPalette(p);
+}
 
 QString NomeControllo(const QObject *o)
 {

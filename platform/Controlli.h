@@ -18,6 +18,12 @@ bool HaIndice(const QObject *o);
 int IndiceDi(const QObject *o); // -1 when no array member
 void ImpostaIndice(QObject *o, int indice);
 
+// A control's text colour, its old ForeColor, kept as the game's colour number
+// and shown as the colour of its text. A control never given one has the
+// system's window-text colour.
+double ForeColorDi(const QWidget *w);
+void ImpostaForeColor(QWidget *w, double colore);
+
 // The name a control goes by in the language files and in accessibility:
 // "Label2(1)" for an array member, "Label2" for a single control.
 QString NomeControllo(const QObject *o);

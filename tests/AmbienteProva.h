@@ -2,9 +2,11 @@
 
 // What the game's tests share: a home of their own for the data tree, a
 // program folder with the language files, and the seams that stand in for
-// message boxes, sounds, the end of the process and the clock.
+// message boxes, file/colour/font dialogs, sounds, the end of the process and
+// the clock.
 
 #include "platform/Attendi.h"
+#include "platform/CommDlgs.h"
 #include "platform/Errori.h"
 #include "platform/ModuloColoriSuoni.h"
 #include "platform/MsgBox.h"
@@ -53,6 +55,10 @@ public:
                 return int((r.stile & 7) == Msg::vbYesNo ? Msg::vbYes : Msg::vbOK);
             return risposte.takeFirst();
         });
+        ImpostaRispostaDialoghi([this](const RichiestaDialogo &r) {
+            dialoghi.push_back(r);
+            return risposteDialoghi.isEmpty() ? RispostaDialogo::Annulla() : risposteDialoghi.takeFirst();
+        });
         ImpostaFineProcessoPerProve([](const FineProcesso &f) { throw ProcessoTerminato{f}; });
         ImpostaCanaleSuoni(&suoni);
         ImpostaScalaAttesa(0.01);
@@ -61,6 +67,7 @@ public:
     ~AmbienteProva()
     {
         ImpostaRispostaMsgBox({});
+        ImpostaRispostaDialoghi({});
         ImpostaFineProcessoPerProve({});
         ImpostaCanaleSuoni(nullptr);
         ImpostaCartellaProgramma(QString());
@@ -107,6 +114,10 @@ public:
 
     std::vector<RichiestaMsgBox> scatole;
     QList<int> risposte;
+    // File, colour and font dialogs: what each asked, and the answers to give
+    // in order (a cancel when none is left).
+    std::vector<RichiestaDialogo> dialoghi;
+    QList<RispostaDialogo> risposteDialoghi;
     CanaleRegistrato suoni;
 
 private:
