@@ -14,6 +14,7 @@
 #include <QMimeDatabase>
 #include <QMovie>
 #include <QResizeEvent>
+#include <QTimer>
 #include <QVideoWidget>
 
 namespace {
@@ -135,6 +136,7 @@ Filmato::~Filmato() = default;
 void Filmato::setMovie(const QString &percorso)
 {
     film = percorso;
+    ++generazione;
     motore.reset();
     nomeMotore.clear();
     riproduce = false;
@@ -152,7 +154,19 @@ void Filmato::setMovie(const QString &percorso)
         if (!it->riconosce(inizio, suffisso))
             continue;
         std::unique_ptr<MotoreFilm> m = it->crea(this);
-        if (!m || !m->Carica(locale))
+        if (!m)
+            return;
+        // a file found unplayable after a load in the background empties the face
+        m->QuandoFallisce([this, g = generazione] {
+            // later: the backend is still inside its own call
+            QTimer::singleShot(0, this, [this, g] {
+                if (g == generazione && motore) {
+                    motore.reset();
+                    nomeMotore.clear();
+                }
+            });
+        });
+        if (!m->Carica(locale))
             return;
         m->Vista()->setGeometry(rect());
         m->Vista()->show();

@@ -19,6 +19,13 @@ public:
     virtual void Stop() = 0;      // holds the picture it shows
     virtual void PrimoQuadro() = 0; // back to the first picture, still
     virtual QWidget *Vista() = 0; // the widget that shows it, a child of the Filmato
+    // A backend that loads in the background says here that it is not done;
+    // when the file turns out unplayable it calls the function it was given.
+    virtual bool InCaricamento() const { return false; }
+    void QuandoFallisce(std::function<void()> f) { fallito = std::move(f); }
+
+protected:
+    std::function<void()> fallito;
 };
 
 // A backend chooses itself by the first bytes of the file and its suffix.
@@ -48,6 +55,9 @@ public:
 
     bool InRiproduzione() const { return riproduce; }
     QString NomeMotore() const { return nomeMotore; } // empty when the face is empty
+    // True while the file is still being read off the interface thread: the
+    // face shows nothing until its first picture is ready.
+    bool InCaricamento() const { return motore && motore->InCaricamento(); }
 
 protected:
     void resizeEvent(QResizeEvent *e) override;
@@ -56,5 +66,6 @@ private:
     QString film;
     QString nomeMotore;
     std::unique_ptr<MotoreFilm> motore;
+    quint64 generazione = 0; // one a file set, so a late failure of an old load is ignored
     bool riproduce = false;
 };

@@ -270,6 +270,47 @@ inline QByteArray comprimiCws(const QByteArray &fws)
     return out + zlib(fws.mid(8));
 }
 
+// A compressed film whose body unpacks to `byte` zeros (a hostile file: one
+// megabyte on disk, a gigabyte once unpacked). The deflate stream is a block
+// of zeros repeated, written in a moment, with the right checksum at its end.
+inline QByteArray cwsGonfiato(qint64 byte)
+{
+    constexpr qint64 kPezzo = 1 << 20;
+    const QByteArray zeri(kPezzo, '\0');
+    z_stream zs{};
+    deflateInit(&zs, 9);
+    auto comprimi = [&](const QByteArray &dentro, int modo) {
+        QByteArray fuori(static_cast<qsizetype>(deflateBound(&zs, static_cast<uLong>(dentro.size())) + 64), '\0');
+        zs.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(dentro.constData()));
+        zs.avail_in = static_cast<uInt>(dentro.size());
+        zs.next_out = reinterpret_cast<Bytef *>(fuori.data());
+        zs.avail_out = static_cast<uInt>(fuori.size());
+        deflate(&zs, modo);
+        fuori.resize(fuori.size() - static_cast<qsizetype>(zs.avail_out));
+        return fuori;
+    };
+    // the first piece carries the stream's header; every later one only
+    // refers back to zeros, so it can stand after any piece
+    QByteArray corpo = comprimi(zeri, Z_SYNC_FLUSH);
+    const QByteArray ripetuto = comprimi(zeri, Z_SYNC_FLUSH);
+    const qint64 pezzi = std::max<qint64>(2, byte / kPezzo);
+    corpo.reserve(static_cast<qsizetype>(corpo.size() + ripetuto.size() * (pezzi - 2) + 16));
+    for (qint64 i = 2; i < pezzi; ++i)
+        corpo += ripetuto;
+    QByteArray coda = comprimi(QByteArray(), Z_FINISH);
+    deflateEnd(&zs);
+    uLong adler = adler32(0, nullptr, 0);
+    const uLong adlerPezzo = adler32(adler, reinterpret_cast<const Bytef *>(zeri.constData()), static_cast<uInt>(kPezzo));
+    for (qint64 i = 0; i < pezzi; ++i)
+        adler = adler32_combine(adler, adlerPezzo, kPezzo);
+    for (int k = 0; k < 4; ++k)
+        coda[coda.size() - 4 + k] = static_cast<char>((adler >> (24 - 8 * k)) & 0xff);
+    Bit h;
+    h.u8('C'); h.u8('W'); h.u8('S'); h.u8(10);
+    h.u32(static_cast<uint32_t>(std::min<qint64>(pezzi * kPezzo + 8, 0xffffffffLL)));
+    return h.fine() + corpo + coda;
+}
+
 inline QByteArray comprimiZws(const QByteArray &fws)
 {
     lzma_options_lzma opt;

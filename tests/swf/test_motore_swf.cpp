@@ -1,9 +1,12 @@
 // The film face with an SWF film written by the game's own writer: the SWF
-// backend takes it, rests on frame 1, plays on Play, holds on Stop, goes back
-// on StopPlay and stops drawing while hidden.
+// backend takes it, reads it off the interface thread, rests on frame 1,
+// plays on Play, holds on Stop, goes back on StopPlay and stops drawing while
+// hidden.
 
 #include "animazioni.h"
+#include "costruttore.h"
 #include "platform/media/Filmato.h"
+#include "swf/filmato.h"
 
 #include <QFile>
 #include <QImage>
@@ -40,7 +43,8 @@ class TestMotoreSwf : public QObject
         return p;
     }
 
-    // a face as the boards make it: shown, then given its file and stopped
+    // a face as the boards make it: shown, then given its file and stopped;
+    // the file is read in the background
     void prepara(Filmato &f, const QString &percorso)
     {
         f.resize(160, 120);
@@ -48,6 +52,7 @@ class TestMotoreSwf : public QObject
         QVERIFY(QTest::qWaitForWindowExposed(&f));
         f.setMovie(percorso);
         f.StopPlay();
+        QTRY_VERIFY_WITH_TIMEOUT(!f.InCaricamento(), 20000);
     }
 
 private slots:
@@ -151,9 +156,65 @@ private slots:
         QFETCH(QString, motore);
         Filmato f;
         prepara(f, scrivi(QStringLiteral("rotto%1.swf").arg(QTest::currentDataTag()).remove(' '), dati));
-        QCOMPARE(f.NomeMotore(), motore);
+        // an unreadable film is found out by the load in the background
+        QTRY_COMPARE_WITH_TIMEOUT(f.NomeMotore(), motore, 20000);
         f.Play();  // no crash, no message: an empty face
         QVERIFY(f.InRiproduzione());
+    }
+
+    // A compressed film that unpacks to 1 GiB: the interface thread hands it
+    // to a worker and goes on; it reads none of its bytes and draws nothing
+    // for it, the face shows nothing meanwhile, and the face ends up empty.
+    void unFilmOstileNonTieneLInterfaccia()
+    {
+        const QByteArray ostile = swftest::cwsGonfiato(qint64(1) << 30);
+        QVERIFY(ostile.size() < 4 * 1024 * 1024);
+        const QString p = scrivi("ostile.swf", ostile);
+        QWidget sfondo;
+        sfondo.setAutoFillBackground(true);
+        QPalette pal = sfondo.palette();
+        pal.setColor(QPalette::Window, QColor(10, 200, 30));
+        sfondo.setPalette(pal);
+        sfondo.resize(160, 120);
+        auto *f = new Filmato(&sfondo);
+        f->resize(160, 120);
+        sfondo.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&sfondo));
+        const swf::LavoroThread prima = swf::lavoroDelThread();
+        f->setMovie(p);
+        f->Play();
+        QCOMPARE(f->NomeMotore(), QStringLiteral("swf"));
+        QVERIFY(f->InCaricamento());
+        // while it loads the face is see-through: the colour behind it shows
+        QCOMPARE(sfondo.grab().toImage().pixel(80, 60), qRgb(10, 200, 30));
+        QTRY_VERIFY_WITH_TIMEOUT(f->NomeMotore().isEmpty(), 60000);
+        const swf::LavoroThread dopo = swf::lavoroDelThread();
+        QCOMPARE(dopo.byteLetti, prima.byteLetti);
+        QCOMPARE(dopo.lavoroDisegno, prima.lavoroDisegno);
+        QCOMPARE(sfondo.grab().toImage().pixel(80, 60), qRgb(10, 200, 30));
+    }
+
+    // A good film is read and first drawn off the interface thread too; the
+    // face then shows its first picture and plays.
+    void unFilmBuonoSiLeggeFuoriDallInterfaccia()
+    {
+        const QString p = scrivi("sole-fuori.swf", swfanim::creaFilm("sole"));
+        Filmato f;
+        f.resize(160, 120);
+        f.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&f));
+        const swf::LavoroThread prima = swf::lavoroDelThread();
+        f.setMovie(p);
+        f.StopPlay();
+        QTRY_VERIFY_WITH_TIMEOUT(!f.InCaricamento(), 20000);
+        QCOMPARE(swf::lavoroDelThread().byteLetti, prima.byteLetti);
+        QCOMPARE(f.NomeMotore(), QStringLiteral("swf"));
+        // the first picture was drawn by the worker: shown from its cache
+        const QImage primo = foto(f);
+        QCOMPARE(swf::lavoroDelThread().lavoroDisegno, prima.lavoroDisegno);
+        QVERIFY2(coloriDiversi(primo) > 8, "the face is blank");
+        f.Play();
+        QTRY_VERIFY_WITH_TIMEOUT(foto(f) != primo, 2000);
     }
 
     void ilFilmVuotoSvuotaLaFaccia()

@@ -4,6 +4,8 @@
 
 #include "riproduzione.h"
 
+#include "swf/filmato.h"
+
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QPainter>
@@ -255,7 +257,8 @@ void riduci(QImage &vista, QTransform &matrice, const QTransform &m)
         QSize dimensione;
         QImage img;
     };
-    static std::vector<Voce> fatte;
+    // per thread: films are loaded and first drawn off the interface thread
+    thread_local std::vector<Voce> fatte;
     QImage ridotta;
     for (const Voce &v : fatte)
         if (v.chiave == vista.cacheKey() && v.dimensione == QSize(w, h))
@@ -681,7 +684,7 @@ void applicaFiltri(QImage &strato, const std::vector<Filtro> &filtri, const Ctx 
                     int o[4];
                     for (int k = 0; k < 4; ++k) {
                         double val = m[k * 5] * c[0] + m[k * 5 + 1] * c[1] + m[k * 5 + 2] * c[2] + m[k * 5 + 3] * c[3] + m[k * 5 + 4];
-                        o[k] = std::isnan(val) ? 0 : static_cast<int>(std::clamp(val, 0.0, 255.0));
+                        o[k] = std::isnan(val) ? 0 : static_cast<int>(std::lround(std::clamp(val, 0.0, 255.0)));
                     }
                     s[x] = qPremultiply(qRgba(o[0], o[1], o[2], o[3]));
                 }
@@ -925,6 +928,7 @@ void disegnaFilm(QImage &dest, const Riproduzione &r, const QTransform &scenaADi
     p.setRenderHint(QPainter::SmoothPixmapTransform, o.antialias);
     const QTransform mondo = QTransform::fromScale(1 / 20.0, 1 / 20.0) * scenaADispositivo;
     disegnaClip(p, *r.radice, mondo, ColorTransform{}, ctx);
+    lavoroQui().lavoroDisegno += kMaxLavoroPerQuadro - lavoro;
 }
 
 } // namespace swf

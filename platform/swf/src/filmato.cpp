@@ -11,7 +11,11 @@ namespace swf {
 
 namespace {
 constexpr qint64 kMaxFile = 64 * 1024 * 1024;
+thread_local LavoroThread lavoro;
 }
+
+LavoroThread &lavoroQui() { return lavoro; }
+LavoroThread lavoroDelThread() { return lavoro; }
 
 Filmato::Filmato() = default;
 Filmato::~Filmato() = default;

@@ -1,5 +1,7 @@
 #include "lettore.h"
 
+#include "swf/filmato.h"
+
 #include <lzma.h>
 #include <zlib.h>
 
@@ -159,6 +161,7 @@ bool inflateZlib(const uint8_t *dati, size_t n, QByteArray &uscita, qint64 limit
         zs.avail_out = static_cast<uInt>(blocco.size());
         rc = inflate(&zs, Z_NO_FLUSH);
         qint64 prodotti = blocco.size() - zs.avail_out;
+        lavoroQui().byteLetti += prodotti;
         if (uscita.size() + prodotti > limite) {
             ok = false;
             break;
@@ -205,6 +208,7 @@ static bool inflateLzma(const uint8_t *props, const uint8_t *dati, size_t n, qin
     while (rc == LZMA_OK && zs.avail_out > 0 && zs.avail_in > 0)
         rc = lzma_code(&zs, LZMA_FINISH);
     qint64 prodotti = attesi - static_cast<qint64>(zs.avail_out);
+    lavoroQui().byteLetti += prodotti;
     lzma_end(&zs);
     if (rc != LZMA_OK && rc != LZMA_STREAM_END)
         return false;
@@ -227,6 +231,7 @@ bool decomprimi(const QByteArray &file, Intestazione &h, QByteArray &corpo, qint
     switch (h.firma) {
     case 'F':
         corpo = file.mid(8);
+        lavoroQui().byteLetti += corpo.size();
         if (corpo.size() > limite)
             return false;
         return !corpo.isEmpty();

@@ -68,6 +68,10 @@ struct Intestazione {
     uint32_t lunghezzaDichiarata = 0;
 };
 
+// The counts behind lavoroDelThread(), for the calling thread.
+struct LavoroThread;
+LavoroThread &lavoroQui();
+
 // Unpacks a whole SWF file (FWS/CWS/ZWS) into the uncompressed body after the
 // 8-byte header. Returns false on anything malformed or over the size cap.
 bool decomprimi(const QByteArray &file, Intestazione &intestazione, QByteArray &corpo,

@@ -72,4 +72,13 @@ private:
     std::unique_ptr<Riproduzione> d;
 };
 
+// What the calling thread has done for films so far, counted in work rather
+// than time: the bytes of film bodies unpacked and read, and the units of
+// drawing work. Lets a caller show that heavy loads ran on another thread.
+struct LavoroThread {
+    qint64 byteLetti = 0;
+    qint64 lavoroDisegno = 0;
+};
+LavoroThread lavoroDelThread();
+
 } // namespace swf
