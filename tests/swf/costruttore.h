@@ -232,6 +232,76 @@ inline QByteArray piazza(int profondita, int carattere, int tx = 0, int ty = 0, 
     return tag(26, b.fine());
 }
 
+// Filters of a PlaceObject3, each written as the format lays it out.
+inline void coloreFiltro(Bit &b, uint32_t rgba)
+{
+    b.u8(rgba >> 24); b.u8((rgba >> 16) & 0xff); b.u8((rgba >> 8) & 0xff); b.u8(rgba & 0xff);
+}
+inline void fisso16(Bit &b, double v) { b.u32(static_cast<uint32_t>(static_cast<int32_t>(std::lround(v * 65536)))); }
+inline void fisso8(Bit &b, double v) { b.u16(static_cast<int>(std::lround(v * 256)) & 0xffff); }
+
+inline QByteArray filtroSfocatura(double bx, double by, int passi)
+{
+    Bit b;
+    b.u8(1);
+    fisso16(b, bx); fisso16(b, by);
+    b.u8(passi << 3);
+    return b.fine();
+}
+// drop shadow (angle in radians, distance in pixels); composito false hides the object
+inline QByteArray filtroOmbra(uint32_t rgba, double bx, double by, double angolo, double distanza, double forza,
+                              bool interno, bool knockout, bool composito, int passi)
+{
+    Bit b;
+    b.u8(0);
+    coloreFiltro(b, rgba);
+    fisso16(b, bx); fisso16(b, by); fisso16(b, angolo); fisso16(b, distanza);
+    fisso8(b, forza);
+    b.u8((interno ? 0x80 : 0) | (knockout ? 0x40 : 0) | (composito ? 0x20 : 0) | (passi & 0x1f));
+    return b.fine();
+}
+inline QByteArray filtroAlone(uint32_t rgba, double bx, double by, double forza, bool interno, bool knockout, bool composito, int passi)
+{
+    Bit b;
+    b.u8(2);
+    coloreFiltro(b, rgba);
+    fisso16(b, bx); fisso16(b, by);
+    fisso8(b, forza);
+    b.u8((interno ? 0x80 : 0) | (knockout ? 0x40 : 0) | (composito ? 0x20 : 0) | (passi & 0x1f));
+    return b.fine();
+}
+// gradient glow (4) or gradient bevel (7): stops of ratio and colour
+inline QByteArray filtroGradiente(int tipo, const std::vector<std::pair<int, uint32_t>> &stop, double bx, double by, double angolo,
+                                  double distanza, double forza, bool interno, bool knockout, bool sopra, int passi)
+{
+    Bit b;
+    b.u8(tipo);
+    b.u8(static_cast<int>(stop.size()));
+    for (auto &[r, c] : stop)
+        coloreFiltro(b, c);
+    for (auto &[r, c] : stop)
+        b.u8(r);
+    fisso16(b, bx); fisso16(b, by); fisso16(b, angolo); fisso16(b, distanza);
+    fisso8(b, forza);
+    b.u8((interno ? 0x80 : 0) | (knockout ? 0x40 : 0) | 0x20 | (sopra ? 0x10 : 0) | (passi & 0x0f));
+    return b.fine();
+}
+// PlaceObject3 of a character with a list of filters
+inline QByteArray piazzaFiltrata(int profondita, int carattere, int tx, int ty, const std::vector<QByteArray> &filtri)
+{
+    Bit b;
+    b.u8(0x04 | 0x02);
+    b.u8(0x01);
+    b.u16(profondita);
+    b.u16(carattere);
+    matrice(b, tx, ty);
+    b.u8(static_cast<int>(filtri.size()));
+    QByteArray out = b.fine();
+    for (const QByteArray &f : filtri)
+        out += f;
+    return tag(70, out);
+}
+
 inline QByteArray mostra() { return tag(1, {}); }
 inline QByteArray sfondo(int r, int g, int bl)
 {

@@ -84,22 +84,23 @@ bool leggiFiltri(Lettore &r, std::vector<Filtro> &filtri)
             f.bx = r.fixed16(); f.by = r.fixed16();
             f.angolo = r.fixed16(); f.distanza = r.fixed16();
             f.forza = r.fixed8();
-            f.interno = r.flag(); f.knockout = r.flag(); r.flag(); r.flag();
+            f.interno = r.flag(); f.knockout = r.flag(); f.soloOggetto = !r.flag(); f.sopra = r.flag();
             f.passaggi = static_cast<int>(r.ub(4));
             break;
         case 4:
         case 7: {
-            int nc = r.u8();
+            const int nc = r.u8();
             std::vector<Rgba> colori;
             for (int k = 0; k < nc; ++k)
                 colori.push_back(leggiRgba(r));
-            r.salta(static_cast<size_t>(nc));
+            for (int k = 0; k < nc; ++k)
+                f.gradiente.emplace_back(r.u8(), colori[static_cast<size_t>(k)]);
             if (!colori.empty())
                 f.colore = colori.back();
             f.bx = r.fixed16(); f.by = r.fixed16();
             f.angolo = r.fixed16(); f.distanza = r.fixed16();
             f.forza = r.fixed8();
-            f.interno = r.flag(); f.knockout = r.flag(); r.flag(); r.flag();
+            f.interno = r.flag(); f.knockout = r.flag(); f.soloOggetto = !r.flag(); f.sopra = r.flag();
             f.passaggi = static_cast<int>(r.ub(4));
             break;
         }

@@ -2,6 +2,7 @@
 // blend modes and filters. Everything is drawn into a premultiplied ARGB
 // image so that blend modes and filters can read back what lies below.
 
+#include "filtri.h"
 #include "riproduzione.h"
 
 #include "swf/filmato.h"
@@ -502,201 +503,6 @@ QPainterPath percorsoMaschera(const Istanza &i, const QTransform &genitore, cons
     return out;
 }
 
-// ---- filters, on the device-size layer image
-
-void sfocaBox(QImage &img, int rx, int ry, int passaggi)
-{
-    const int w = img.width(), h = img.height();
-    std::vector<uint32_t> riga(static_cast<size_t>(std::max(w, h)));
-    auto passa = [&](int r, bool orizzontale) {
-        if (r <= 0)
-            return;
-        const int n = orizzontale ? w : h, linee = orizzontale ? h : w;
-        const int finestra = 2 * r + 1;
-        for (int l = 0; l < linee; ++l) {
-            auto px = [&](int k) -> uint32_t & {
-                return orizzontale ? reinterpret_cast<uint32_t *>(img.scanLine(l))[k]
-                                   : reinterpret_cast<uint32_t *>(img.scanLine(k))[l];
-            };
-            for (int k = 0; k < n; ++k)
-                riga[static_cast<size_t>(k)] = px(k);
-            uint32_t s[4] = {0, 0, 0, 0};
-            auto agg = [&](int k, int segno) {
-                if (k < 0 || k >= n)
-                    return;
-                uint32_t v = riga[static_cast<size_t>(k)];
-                for (int ch = 0; ch < 4; ++ch)
-                    s[ch] += segno * static_cast<int>((v >> (8 * ch)) & 0xff);
-            };
-            for (int k = -r; k < r; ++k)
-                agg(k, 1);
-            for (int k = 0; k < n; ++k) {
-                agg(k + r, 1);
-                uint32_t v = 0;
-                for (int ch = 0; ch < 4; ++ch)
-                    v |= std::min<uint32_t>(255, s[ch] / static_cast<uint32_t>(finestra)) << (8 * ch);
-                px(k) = v;
-                agg(k - r, -1);
-            }
-        }
-    };
-    for (int i = 0; i < std::clamp(passaggi, 1, 3); ++i) {
-        passa(rx, true);
-        passa(ry, false);
-    }
-}
-
-int raggio(double b, double scala)
-{
-    // a box of width b pixels
-    // a box two pixels wide or less leaves the picture as it was
-    double w = b * scala;
-    return w < 2 ? 0 : static_cast<int>((w - 1) / 2);
-}
-
-// Bevel: the object's blurred alpha shifted along the angle both ways; the
-// difference of the two copies gives an edge of one colour or the other,
-// inside the object. The colour of the second field lies on the side the
-// angle points to.
-void smussa(QImage &strato, const Filtro &f, double sc)
-{
-    const int w = strato.width(), h = strato.height();
-    const int dx = static_cast<int>(std::lround(std::cos(f.angolo) * f.distanza * sc));
-    const int dy = static_cast<int>(std::lround(std::sin(f.angolo) * f.distanza * sc));
-    auto alfa = [&](int x, int y) -> uint32_t {
-        if (x < 0 || y < 0 || x >= w || y >= h)
-            return 0;
-        return reinterpret_cast<const uint32_t *>(strato.constScanLine(y))[x] >> 24;
-    };
-    // the alpha blurred first, then compared with its shifted copies
-    QImage sfocata(strato.size(), QImage::Format_ARGB32_Premultiplied);
-    for (int y = 0; y < h; ++y) {
-        auto *o = reinterpret_cast<uint32_t *>(sfocata.scanLine(y));
-        for (int x = 0; x < w; ++x)
-            o[x] = alfa(x, y) << 24;
-    }
-    sfocaBox(sfocata, raggio(f.bx, sc), raggio(f.by, sc), f.passaggi);
-    auto sf = [&](int x, int y) -> int {
-        if (x < 0 || y < 0 || x >= w || y >= h)
-            return 0;
-        return static_cast<int>(reinterpret_cast<const uint32_t *>(sfocata.constScanLine(y))[x] >> 24);
-    };
-    QImage lato1(strato.size(), QImage::Format_ARGB32_Premultiplied), lato2(strato.size(), QImage::Format_ARGB32_Premultiplied);
-    for (int y = 0; y < h; ++y) {
-        auto *a = reinterpret_cast<uint32_t *>(lato1.scanLine(y));
-        auto *b = reinterpret_cast<uint32_t *>(lato2.scanLine(y));
-        for (int x = 0; x < w; ++x) {
-            a[x] = static_cast<uint32_t>(std::clamp(sf(x + dx, y + dy) - sf(x - dx, y - dy), 0, 255)) << 24;
-            b[x] = static_cast<uint32_t>(std::clamp(sf(x - dx, y - dy) - sf(x + dx, y + dy), 0, 255)) << 24;
-        }
-    }
-    const double forza = std::clamp(f.forza, 0.0, 255.0);
-    for (int y = 0; y < h; ++y) {
-        auto *s = reinterpret_cast<uint32_t *>(strato.scanLine(y));
-        const auto *a = reinterpret_cast<const uint32_t *>(lato1.constScanLine(y));
-        const auto *b = reinterpret_cast<const uint32_t *>(lato2.constScanLine(y));
-        for (int x = 0; x < w; ++x) {
-            const double sa = s[x] >> 24;
-            if (sa == 0)
-                continue;
-            double rgb[3] = {static_cast<double>((s[x] >> 16) & 0xff), static_cast<double>((s[x] >> 8) & 0xff), static_cast<double>(s[x] & 0xff)};
-            auto sopra = [&](const Rgba &c, uint32_t m) {
-                // only inside the object: weighed by its own alpha
-                const double k = std::min(1.0, (m >> 24) / 255.0 * forza) * c.a / 255.0 * (sa / 255.0);
-                rgb[0] = rgb[0] * (1 - k) + c.r * k * sa / 255.0;
-                rgb[1] = rgb[1] * (1 - k) + c.g * k * sa / 255.0;
-                rgb[2] = rgb[2] * (1 - k) + c.b * k * sa / 255.0;
-            };
-            sopra(f.colore, a[x]);
-            sopra(f.colore2, b[x]);
-            s[x] = (static_cast<uint32_t>(sa) << 24) | (static_cast<uint32_t>(std::clamp(rgb[0], 0.0, sa)) << 16) |
-                   (static_cast<uint32_t>(std::clamp(rgb[1], 0.0, sa)) << 8) | static_cast<uint32_t>(std::clamp(rgb[2], 0.0, sa));
-        }
-    }
-}
-
-void applicaFiltri(QImage &strato, const std::vector<Filtro> &filtri, const Ctx &ctx)
-{
-    const double sc = ctx.opz.scalaScena;
-    for (const Filtro &f : filtri) {
-        switch (f.tipo) {
-        case Filtro::Sfocatura:
-            sfocaBox(strato, raggio(f.bx, sc), raggio(f.by, sc), f.passaggi);
-            break;
-        case Filtro::Ombra:
-        case Filtro::Alone:
-        case Filtro::AloneGradiente:
-        case Filtro::Rilievo:
-        case Filtro::RilievoGradiente: {
-            if (f.tipo == Filtro::RilievoGradiente)
-                break;
-            if (f.tipo == Filtro::Rilievo) {
-                smussa(strato, f, sc);
-                break;
-            }
-            if (f.interno)
-                break;
-            QImage ombra(strato.size(), QImage::Format_ARGB32_Premultiplied);
-            const double forza = std::clamp(f.forza, 0.0, 255.0);
-            for (int y = 0; y < strato.height(); ++y) {
-                auto *s = reinterpret_cast<const uint32_t *>(strato.constScanLine(y));
-                auto *o = reinterpret_cast<uint32_t *>(ombra.scanLine(y));
-                for (int x = 0; x < strato.width(); ++x)
-                    o[x] = (s[x] >> 24) << 24;
-            }
-            sfocaBox(ombra, raggio(f.bx, sc), raggio(f.by, sc), f.passaggi);
-            const double a = f.colore.a / 255.0;
-            for (int y = 0; y < ombra.height(); ++y) {
-                auto *o = reinterpret_cast<uint32_t *>(ombra.scanLine(y));
-                for (int x = 0; x < ombra.width(); ++x) {
-                    double al = std::min(1.0, (o[x] >> 24) / 255.0 * forza) * a;
-                    uint32_t A = static_cast<uint32_t>(std::lround(al * 255));
-                    o[x] = (A << 24) | (static_cast<uint32_t>(f.colore.r * al) << 16) |
-                           (static_cast<uint32_t>(f.colore.g * al) << 8) | static_cast<uint32_t>(f.colore.b * al);
-                }
-            }
-            QImage out(strato.size(), QImage::Format_ARGB32_Premultiplied);
-            out.fill(0);
-            QPainter q(&out);
-            double dx = 0, dy = 0;
-            if (f.tipo == Filtro::Ombra) {
-                dx = std::cos(f.angolo) * f.distanza * sc;
-                dy = std::sin(f.angolo) * f.distanza * sc;
-            }
-            q.drawImage(QPointF(std::round(dx), std::round(dy)), ombra);
-            if (f.knockout) {
-                q.setCompositionMode(QPainter::CompositionMode_DestinationOut);
-                q.drawImage(0, 0, strato);
-            } else if (f.soloOggetto || true) {
-                q.drawImage(0, 0, strato);
-            }
-            q.end();
-            strato = std::move(out);
-            break;
-        }
-        case Filtro::MatriceColore: {
-            const auto &m = f.matrice;
-            for (int y = 0; y < strato.height(); ++y) {
-                auto *s = reinterpret_cast<QRgb *>(strato.scanLine(y));
-                for (int x = 0; x < strato.width(); ++x) {
-                    QRgb v = qUnpremultiply(s[x]);
-                    double c[4] = {static_cast<double>(qRed(v)), static_cast<double>(qGreen(v)), static_cast<double>(qBlue(v)), static_cast<double>(qAlpha(v))};
-                    int o[4];
-                    for (int k = 0; k < 4; ++k) {
-                        double val = m[k * 5] * c[0] + m[k * 5 + 1] * c[1] + m[k * 5 + 2] * c[2] + m[k * 5 + 3] * c[3] + m[k * 5 + 4];
-                        o[k] = std::isnan(val) ? 0 : static_cast<int>(std::lround(std::clamp(val, 0.0, 255.0)));
-                    }
-                    s[x] = qPremultiply(qRgba(o[0], o[1], o[2], o[3]));
-                }
-            }
-            break;
-        }
-        default:
-            break;
-        }
-    }
-}
-
 // Blends a layer onto what the painter's image already holds.
 void componi(QPainter &p, const QImage &strato, int modo, const Ctx &ctx)
 {
@@ -868,7 +674,7 @@ void disegnaIstanza(QPainter &p, const Istanza &i, const QTransform &genitore, c
         disegnaContenuto(q, i, m, i.filtri.empty() ? cx : ColorTransform{}, figlio);
     }
     if (!i.filtri.empty()) {
-        applicaFiltri(strato, i.filtri, ctx);
+        applicaFiltri(strato, i.filtri, ctx.opz.scalaScena, ctx.lavoro);
         if (!cx.identita())
             strato = immagineTrasformata(strato, cx);
     }

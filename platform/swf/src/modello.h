@@ -175,7 +175,9 @@ struct Filtro {
     Rgba colore2;  // bevel: the colour of the second field
     double bx = 0, by = 0, angolo = 0, distanza = 0, forza = 1;
     bool interno = false, knockout = false, soloOggetto = false;
+    bool sopra = false;  // bevels: on top of the object, inside and out
     int passaggi = 1;
+    std::vector<std::pair<uint8_t, Rgba>> gradiente;  // gradient glow and bevel: ratio, colour
     std::array<float, 20> matrice{};
 };
 

@@ -319,7 +319,10 @@ void firmaClip(Firma &f, const Clip &c, int annidamento)
             const double v[6] = {k.bx, k.by, k.angolo, k.distanza, k.forza, static_cast<double>(k.passaggi)};
             f.byte(v, sizeof v);
             f.val(k.colore.r); f.val(k.colore.g); f.val(k.colore.b); f.val(k.colore.a);
-            f.val(k.interno); f.val(k.knockout); f.val(k.soloOggetto);
+            f.val(k.interno); f.val(k.knockout); f.val(k.soloOggetto); f.val(k.sopra);
+            for (const auto &[rapporto, c] : k.gradiente) {
+                f.val(rapporto); f.val(c.r); f.val(c.g); f.val(c.b); f.val(c.a);
+            }
             f.byte(k.matrice.data(), sizeof(float) * k.matrice.size());
         }
         if (i->def.campo) {
