@@ -1,6 +1,7 @@
 #include "platform/TestoFile.h"
 
 #include "platform/Percorsi.h"
+#include "platform/ScritturaIntera.h"
 
 #include <QFile>
 #include <QStringDecoder>
@@ -110,9 +111,5 @@ bool ScriviFileTesto(const QString &percorso, const QStringList &righe)
         tutto += r;
         tutto += QStringLiteral("\r\n");
     }
-    QFile f(PercorsoLocale(percorso));
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
-    const QByteArray byte = CodificaTesto(tutto);
-    return f.write(byte) == byte.size();
+    return SostituisciFile(percorso, CodificaTesto(tutto));
 }

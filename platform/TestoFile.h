@@ -20,6 +20,6 @@ QStringList DividiRighe(const QString &testo);
 // Reads a whole text file by a game path. False when the file cannot be opened.
 bool LeggiFileTesto(const QString &percorso, QString *testo);
 
-// Writes lines, each ended by CR LF, replacing the file. False when the file
-// cannot be written.
+// Writes lines, each ended by CR LF, replacing the file whole (ScritturaIntera.h).
+// False when the file cannot be written; the old file is then as it was.
 bool ScriviFileTesto(const QString &percorso, const QStringList &righe);

@@ -1,8 +1,14 @@
 #include "AmbienteProva.h"
 
 #include "platform/Casuale.h"
+#include "platform/ScritturaIntera.h"
 #include "platform/TestoFile.h"
 #include "platform/Twips.h"
+
+#ifdef Q_OS_UNIX
+#include <csignal>
+#include <sys/resource.h>
+#endif
 
 class TestPercorsiTesto : public QObject
 {
@@ -47,6 +53,93 @@ private slots:
         QVERIFY(ScriviFileTesto(QStringLiteral("C:\\ImpostazioniProgrammiLorea\\tesselo\\utenti\\marco.ini"), {"nuovo"}));
         QCOMPARE(AmbienteProva::Leggi(vero), QByteArray("nuovo\r\n"));
         QCOMPARE(QDir(a.Radice() + QStringLiteral("/tesselo/utenti")).entryList(QDir::Files).size(), 1);
+    }
+
+    void aFileIsReplacedWholeAndNothingIsLeftBeside()
+    {
+        AmbienteProva a;
+        const QString file = a.Radice() + QStringLiteral("/tesselo/dati/ii/animali.agg");
+        AmbienteProva::Scrivi(file, "vecchio");
+        QVERIFY(SostituisciFile(QStringLiteral("C:\\ImpostazioniProgrammiLorea\\tesselo\\dati\\ii\\animali.agg"),
+                                "nuovo e piu lungo"));
+        QCOMPARE(AmbienteProva::Leggi(file), QByteArray("nuovo e piu lungo"));
+        QCOMPARE(QDir(QFileInfo(file).path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("animali.agg")});
+    }
+
+    void aWriteThatFailsAtAnyStageLeavesTheOldFileAndNothingBeside_data()
+    {
+        QTest::addColumn<int>("fase");
+        QTest::newRow("opening") << int(FaseScrittura::Apertura);
+        QTest::newRow("writing") << int(FaseScrittura::Scrittura);
+        QTest::newRow("closing") << int(FaseScrittura::Chiusura);
+    }
+    void aWriteThatFailsAtAnyStageLeavesTheOldFileAndNothingBeside()
+    {
+        QFETCH(int, fase);
+        AmbienteProva a;
+        const QString file = a.Radice() + QStringLiteral("/leggimi.txt");
+        AmbienteProva::Scrivi(file, "vecchio");
+        QString visto;
+        ImpostaGuastoScritturaPerProve([&](FaseScrittura f, const QString &percorso) {
+            visto = percorso;
+            return int(f) == fase;
+        });
+        QString errore;
+        const bool scritto = SostituisciFile(QStringLiteral("C:\\ImpostazioniProgrammiLorea\\leggimi.txt"), "nuovo", &errore);
+        const bool scrittoTesto = ScriviFileTesto(QStringLiteral("C:\\ImpostazioniProgrammiLorea\\leggimi.txt"), {"nuovo"});
+        ImpostaGuastoScritturaPerProve({});
+        QVERIFY(!scritto);
+        QVERIFY(!scrittoTesto);
+        QCOMPARE(visto, file);
+        QCOMPARE(AmbienteProva::Leggi(file), QByteArray("vecchio"));
+        QCOMPARE(QDir(a.Radice()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("leggimi.txt")});
+    }
+
+    void aWriteCutShortByTheDiskLeavesTheOldFile()
+    {
+#ifndef Q_OS_UNIX
+        QSKIP("the size limit of a process's files is a POSIX resource limit");
+#else
+        // The system refuses every byte past the 64th, as a full disk does,
+        // and only when the buffer goes out at the end of the write.
+        AmbienteProva a;
+        const QString file = a.Radice() + QStringLiteral("/leggimi.txt");
+        AmbienteProva::Scrivi(file, "vecchio");
+        rlimit prima{};
+        QCOMPARE(getrlimit(RLIMIT_FSIZE, &prima), 0);
+        rlimit piccolo = prima;
+        piccolo.rlim_cur = 64;
+        auto vecchioSegnale = std::signal(SIGXFSZ, SIG_IGN);
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &piccolo), 0);
+        QString errore;
+        const bool scritto = SostituisciFile(QStringLiteral("C:\\ImpostazioniProgrammiLorea\\leggimi.txt"),
+                                             QByteArray(300, 'x'), &errore);
+        setrlimit(RLIMIT_FSIZE, &prima);
+        std::signal(SIGXFSZ, vecchioSegnale);
+        QVERIFY(!scritto);
+        QVERIFY(!errore.isEmpty());
+        QCOMPARE(AmbienteProva::Leggi(file), QByteArray("vecchio"));
+        QCOMPARE(QDir(a.Radice()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("leggimi.txt")});
+#endif
+    }
+
+    void aNewFileThatFailsLeavesNoFileAtAll()
+    {
+        AmbienteProva a;
+        QDir().mkpath(a.Radice());
+        ImpostaGuastoScritturaPerProve([](FaseScrittura f, const QString &) { return f == FaseScrittura::Chiusura; });
+        QVERIFY(!SostituisciFile(QStringLiteral("C:\\ImpostazioniProgrammiLorea\\nuovo.txt"), "x"));
+        ImpostaGuastoScritturaPerProve({});
+        QCOMPARE(QDir(a.Radice()).entryList(QDir::Files | QDir::Hidden), QStringList());
+    }
+
+    void aFolderThatIsMissingRefusesTheWrite()
+    {
+        AmbienteProva a;
+        QString errore;
+        QVERIFY(!SostituisciFile(QStringLiteral("C:\\ImpostazioniProgrammiLorea\\manca\\x.txt"), "x", &errore));
+        QVERIFY(!errore.isEmpty());
+        QVERIFY(!QFileInfo::exists(a.Radice() + QStringLiteral("/manca")));
     }
 
     void aNulEndsThePath()
