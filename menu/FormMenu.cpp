@@ -132,7 +132,7 @@ void FormMenu::Combo1_Click()
     SalvaProfilo();
     NomeUtente = Combo1->currentText();
     NomiGiocatori[0] = NomeUtente;
-    FileUtente = CartellaUtenti + NomeUtente + QStringLiteral(".ini");
+    FileUtente = FileDelProfilo(NomeUtente);
     LeggiProfilo();
     if (Profilo.Maiuscolo1)
         maiuscoleCaption();

@@ -6,10 +6,12 @@
 #include "platform/LettoreCampi.h"
 #include "platform/ModuloColoriSuoni.h"
 #include "platform/Percorsi.h"
+#include "platform/ScritturaIntera.h"
 #include "platform/TestoFile.h"
 #include "profiles/CartelleDati.h"
 
-#include <QFile>
+#include <QDir>
+#include <QFileInfo>
 
 #include <cmath>
 #include <limits>
@@ -67,6 +69,27 @@ std::optional<bool> leggiBooleano(LettoreCampi &l)
     return campo.startsWith(u'T');
 }
 
+} // namespace
+
+QString FileDelProfilo(const QString &nome)
+{
+    QString n = nome;
+    for (QChar &c : n)
+        if (c == u'\\' || c == u'/' || c == u':')
+            c = u'_';
+    return CartellaUtenti + n + QStringLiteral(".ini");
+}
+
+namespace {
+// Whatever put it in FileUtente, a profile is written only straight inside
+// the players' folder.
+bool nellaCartellaUtenti(const QString &file)
+{
+    const QString cartella = QDir::cleanPath(MappaPercorso(CartellaUtenti));
+    const QFileInfo fi(QDir::cleanPath(MappaPercorso(file)));
+    return QDir::cleanPath(fi.path()).compare(cartella, Qt::CaseInsensitive) == 0 && fi.fileName() != QLatin1String("..")
+           && fi.fileName() != QLatin1String(".");
+}
 } // namespace
 
 void ValoriPredefiniti()
@@ -172,9 +195,8 @@ void LeggiProfilo()
 
 void SalvaProfilo()
 {
-    QFile f(PercorsoLocale(FileUtente));
-    const QByteArray byte = CodificaTesto(TestoProfilo(Profilo));
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate) || f.write(byte) != byte.size())
+    // Replaced whole: a save that fails, however late, leaves the old profile.
+    if (!nellaCartellaUtenti(FileUtente) || !SostituisciFile(FileUtente, CodificaTesto(TestoProfilo(Profilo))))
         ErroreFatale(TestoErrore(QStringLiteral("0102"), QStringLiteral("Non riesco a scrivere il profilo del giocatore:"))
                      + u'\n' + MappaPercorso(FileUtente));
 }

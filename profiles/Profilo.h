@@ -42,6 +42,12 @@ inline QString FileUtente;
 inline const QString CartellaUtenti = QStringLiteral("C:\\ImpostazioniProgrammiLorea\\tesselo\\utenti\\");
 inline const QString ProfiloPredefinito = QStringLiteral("_predefinito");
 
+// The file of a profile by its name: the players' folder, the name, ".ini".
+// A name is one file name and never a way out of that folder: a separator in
+// it (a name typed with a slash, a file made elsewhere with a backslash in
+// its name) becomes '_'.
+QString FileDelProfilo(const QString &nome);
+
 void ValoriPredefiniti();
 void LeggiProfilo();
 void SalvaProfilo();

@@ -1,7 +1,19 @@
 #include "AmbienteProva.h"
 
+#include "platform/ScritturaIntera.h"
+#include "platform/TestoFile.h"
 #include "profiles/CartelleDati.h"
 #include "profiles/Profilo.h"
+
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QThread>
+
+#include <cstdio>
+#ifdef Q_OS_UNIX
+#include <csignal>
+#include <sys/resource.h>
+#endif
 
 namespace {
 const QByteArray Predefiniti = "Arial\r\nArial\r\n 2 \r\n 12 \r\n-2147483640 \r\n 16777215 \r\n-2147483640 \r\n"
@@ -12,6 +24,40 @@ QString fileProva(const AmbienteProva &a)
 {
     QDir().mkpath(a.Radice() + QStringLiteral("/tesselo/utenti"));
     return a.Radice() + QStringLiteral("/tesselo/utenti/prova.ini");
+}
+
+// Two profiles of different lengths: a cut file is neither.
+void profiloA()
+{
+    ValoriPredefiniti();
+}
+void profiloB()
+{
+    ValoriPredefiniti();
+    Profilo.FontParola1 = QStringLiteral("Comic Sans MS, un nome di carattere molto lungo per la prova");
+    Profilo.NumeroTessere = 24;
+    Profilo.ModoInput = 2;
+    Profilo.ProntiImportati = true;
+}
+QByteArray byteDi(void (*profilo)())
+{
+    profilo();
+    return CodificaTesto(TestoProfilo(Profilo));
+}
+
+// The child of the kill test: saves the two profiles in turn, for ever, and
+// says when the first save is on the disk.
+int salvaSenzaFine()
+{
+    FileUtente = CartellaUtenti + QStringLiteral("prova.ini");
+    for (quint64 i = 0;; ++i) {
+        (i % 2 ? profiloB : profiloA)();
+        SalvaProfilo();
+        if (i == 0) {
+            std::puts("pronto");
+            std::fflush(stdout);
+        }
+    }
 }
 
 QList<QByteArray> righe(const QByteArray &b)
@@ -235,7 +281,160 @@ private slots:
         QCOMPARE(a.scatole[0].stile & 0x70, int(Msg::vbCritical));
         QCOMPARE(a.scatole[0].titolo, QStringLiteral("Coppie vivaci"));
     }
+
+    // --- nothing lost on the way to disk ---------------------------------
+
+    void aSaveThatFailsAtAnyStageLeavesTheOldBytesAndEndsWithTheMessage_data()
+    {
+        QTest::addColumn<int>("fase");
+        QTest::newRow("opening") << int(FaseScrittura::Apertura);
+        QTest::newRow("writing") << int(FaseScrittura::Scrittura);
+        QTest::newRow("closing: the disk full at the last buffer") << int(FaseScrittura::Chiusura);
+    }
+    void aSaveThatFailsAtAnyStageLeavesTheOldBytesAndEndsWithTheMessage()
+    {
+        QFETCH(int, fase);
+        AmbienteProva a;
+        const QString file = fileProva(a);
+        const QByteArray vecchi = byteDi(profiloA);
+        SalvaProfilo();
+        QCOMPARE(AmbienteProva::Leggi(file), vecchi);
+        profiloB();
+        ImpostaGuastoScritturaPerProve([&](FaseScrittura f, const QString &) { return int(f) == fase; });
+        bool finito = false;
+        try {
+            SalvaProfilo();
+        } catch (const ProcessoTerminato &t) {
+            finito = true;
+            QCOMPARE(t.fine.stato, 1);
+            QVERIFY2(t.fine.messaggio.contains(QDir::toNativeSeparators(file)), qPrintable(t.fine.messaggio));
+        }
+        ImpostaGuastoScritturaPerProve({});
+        QVERIFY(finito);
+        QCOMPARE(AmbienteProva::Leggi(file), vecchi);
+        QCOMPARE(QDir(QFileInfo(file).path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("prova.ini")});
+        QCOMPARE(a.scatole.size(), size_t(1));
+        QCOMPARE(a.scatole[0].stile & 0x70, int(Msg::vbCritical));
+    }
+
+    void aSaveOnAFullDiskLeavesTheOldBytesAndEndsWithTheMessage()
+    {
+#ifndef Q_OS_UNIX
+        QSKIP("the size limit of a process's files is a POSIX resource limit");
+#else
+        // A real failure of the system: writing past the size that the
+        // process may give a file fails as a full disk does, and only when
+        // the buffered bytes go out at the end of the write.
+        AmbienteProva a;
+        const QString file = fileProva(a);
+        const QByteArray vecchi = byteDi(profiloA);
+        SalvaProfilo();
+        profiloB();
+        rlimit prima{};
+        QCOMPARE(getrlimit(RLIMIT_FSIZE, &prima), 0);
+        rlimit piccolo = prima;
+        piccolo.rlim_cur = 64;
+        auto vecchioSegnale = std::signal(SIGXFSZ, SIG_IGN);
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &piccolo), 0);
+        bool finito = false;
+        try {
+            SalvaProfilo();
+        } catch (const ProcessoTerminato &t) {
+            finito = true;
+            QVERIFY(t.fine.messaggio.contains(QDir::toNativeSeparators(file)));
+        }
+        setrlimit(RLIMIT_FSIZE, &prima);
+        std::signal(SIGXFSZ, vecchioSegnale);
+        QVERIFY(finito);
+        QCOMPARE(AmbienteProva::Leggi(file), vecchi);
+        QCOMPARE(QDir(QFileInfo(file).path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("prova.ini")});
+#endif
+    }
+
+    void twoHundredSavesKilledAtRandomMomentsLeaveOldOrNewBytesNeverACutFile()
+    {
+        AmbienteProva a;
+        const QString file = fileProva(a);
+        const QByteArray byteA = byteDi(profiloA);
+        const QByteArray byteB = byteDi(profiloB);
+        QVERIFY(byteA.size() != byteB.size());
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(QStringLiteral("HOME"), a.Casa());
+        QRandomGenerator caso(18);
+        int visteA = 0, visteB = 0;
+        for (int giro = 0; giro < 200; ++giro) {
+            QProcess figlio;
+            figlio.setProcessEnvironment(env);
+            figlio.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--salva-senza-fine")});
+            QVERIFY(figlio.waitForStarted(60000));
+            QVERIFY(figlio.waitForReadyRead(60000));
+            // somewhere in the next few saves
+            QThread::usleep(caso.bounded(4000));
+            figlio.kill();
+            QVERIFY(figlio.waitForFinished(60000));
+            const QByteArray letti = AmbienteProva::Leggi(file);
+            QVERIFY2(letti == byteA || letti == byteB,
+                     qPrintable(QStringLiteral("run %1: %2 bytes").arg(giro).arg(letti.size())));
+            (letti == byteA ? visteA : visteB)++;
+        }
+        qInfo("profile found whole after 200 kills: %d times the first, %d times the second", visteA, visteB);
+        // Whatever a kill left beside it is never taken for a profile.
+        const QStringList profili = QDir(QFileInfo(file).path()).entryList({QStringLiteral("*.ini")}, QDir::Files);
+        QCOMPARE(profili, QStringList{QStringLiteral("prova.ini")});
+    }
+
+    // --- a name is never a way out of the players' folder ---------------------
+
+    void aProfileNameWithSeparatorsOrDotsStaysInThePlayersFolder_data()
+    {
+        QTest::addColumn<QString>("nome");
+        QTest::addColumn<QString>("file");
+        QTest::newRow("backslashes and dots") << QStringLiteral("a\\..\\..\\fuori") << QStringLiteral("a_.._.._fuori.ini");
+        QTest::newRow("slashes") << QStringLiteral("../../fuori") << QStringLiteral(".._.._fuori.ini");
+        QTest::newRow("dots alone") << QStringLiteral("..") << QStringLiteral("...ini");
+        QTest::newRow("a drive") << QStringLiteral("C:fuori") << QStringLiteral("C_fuori.ini");
+        QTest::newRow("an ordinary name") << QStringLiteral("Luca") << QStringLiteral("Luca.ini");
+    }
+    void aProfileNameWithSeparatorsOrDotsStaysInThePlayersFolder()
+    {
+        QFETCH(QString, nome);
+        QFETCH(QString, file);
+        AmbienteProva a;
+        fileProva(a);
+        FileUtente = FileDelProfilo(nome);
+        QCOMPARE(FileUtente, CartellaUtenti + file);
+        ValoriPredefiniti();
+        SalvaProfilo();
+        QVERIFY(QFileInfo::exists(a.Radice() + QStringLiteral("/tesselo/utenti/") + file));
+        QCOMPARE(QDir(a.Radice() + QStringLiteral("/tesselo")).entryList(QDir::Files), QStringList());
+        QCOMPARE(QDir(a.Radice()).entryList(QDir::Files), QStringList());
+    }
+
+    void aProfilePathOutsideThePlayersFolderIsNeverWritten()
+    {
+        AmbienteProva a;
+        fileProva(a);
+        FileUtente = CartellaUtenti + QStringLiteral("..\\..\\fuori.ini");
+        ValoriPredefiniti();
+        bool finito = false;
+        try {
+            SalvaProfilo();
+        } catch (const ProcessoTerminato &) {
+            finito = true;
+        }
+        QVERIFY(finito);
+        QVERIFY(!QFileInfo::exists(a.Radice() + QStringLiteral("/fuori.ini")));
+        QVERIFY(!QFileInfo::exists(a.Radice() + QStringLiteral("/tesselo/fuori.ini")));
+    }
 };
 
-QTEST_APPLESS_MAIN(TestProfilo)
+int main(int argc, char **argv)
+{
+    if (argc == 2 && qstrcmp(argv[1], "--salva-senza-fine") == 0)
+        return salvaSenzaFine();
+    QCoreApplication app(argc, argv);
+    TestProfilo t;
+    QTEST_SET_MAIN_SOURCE_PATH
+    return QTest::qExec(&t, argc, argv);
+}
 #include "test_profilo.moc"
