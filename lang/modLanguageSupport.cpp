@@ -10,6 +10,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QMenu>
 #include <QTabBar>
@@ -17,11 +18,8 @@
 #include <QWidget>
 
 namespace {
-QString leggiPerRighe(const QString &file, const QString &chiave)
+QString leggiPerRighe(const QString &testo, const QString &chiave)
 {
-    QString testo;
-    if (!LeggiFileTesto(file, &testo))
-        return QString();
     for (const QString &riga : DividiRighe(testo)) {
         if (!riga.startsWith(chiave))
             continue;
@@ -52,26 +50,37 @@ QList<QObject *> traducibili(QWidget *form)
 
 QString LeggiVoce(const QString &file, const QString &sezione, const QString &chiave)
 {
-    const QFileInfo fi(PercorsoLocale(file));
-    if (!fi.isFile())
+    const QString locale = PercorsoLocale(file);
+    if (!QFileInfo(locale).isFile())
         return QString();
-    if (fi.size() > LimiteProfiloPrivato)
-        return leggiPerRighe(file, chiave);
-    QString testo;
-    if (!LeggiFileTesto(file, &testo))
+    QFile f(locale);
+    if (!f.open(QIODevice::ReadOnly))
         return QString();
+    return LeggiVoceDaByte(f.readAll(), sezione, chiave);
+}
+
+QString LeggiVoceDaByte(const QByteArray &byte, const QString &sezione, const QString &chiave)
+{
+    const QString testo = DecodificaTesto(byte);
+    if (byte.size() > LimiteProfiloPrivato)
+        return leggiPerRighe(testo, chiave);
     return LeggiVoceProfiloPrivato(testo, sezione, chiave);
 }
 
-void ScriviVoce(const QString &file, const QString &sezione, const QString &chiave, const QString &valore)
+bool ScriviVoce(const QString &file, const QString &sezione, const QString &chiave, const QString &valore)
 {
     QString testo;
     LeggiFileTesto(file, &testo);
     const QString nuovo = ScriviVoceProfiloPrivato(testo, sezione, chiave, valore);
-    ScriviFileTesto(file, DividiRighe(nuovo));
+    return ScriviFileTesto(file, DividiRighe(nuovo));
 }
 
 QString PercorsoImpostazioneLingua() { return CartellaProgramma() + QStringLiteral("\\LangSetting.ini"); }
+
+QString PercorsoImpostazioneLinguaUtente()
+{
+    return CartellaUtenteProgramma() + QDir::separator() + QStringLiteral("LangSetting.ini");
+}
 
 QString PercorsoFileLingua(const QString &lingua)
 {
@@ -83,7 +92,9 @@ QString PercorsoFileLingua(const QString &lingua)
 
 QString LinguaImpostata()
 {
-    return LeggiVoce(PercorsoImpostazioneLingua(), QStringLiteral("Language"), QStringLiteral("CurrentLanguage"));
+    const QString utente = PercorsoImpostazioneLinguaUtente();
+    const QString file = QFileInfo(utente).isFile() ? utente : PercorsoImpostazioneLingua();
+    return LeggiVoce(file, QStringLiteral("Language"), QStringLiteral("CurrentLanguage"));
 }
 
 QString TestoLingua(const QString &chiave)
@@ -163,7 +174,13 @@ void ScegliLingua(const QString &lingua)
     LinguaCorrente = lingua;
     for (Form *f : Schermi::Aperti())
         TraduciForm(f);
-    ScriviVoce(PercorsoImpostazioneLingua(), QStringLiteral("Language"), QStringLiteral("CurrentLanguage"), lingua);
+    const QString sezione = QStringLiteral("Language"), chiave = QStringLiteral("CurrentLanguage");
+    const QString utente = PercorsoImpostazioneLinguaUtente();
+    if (!QFileInfo(utente).isFile() && ScriviVoce(PercorsoImpostazioneLingua(), sezione, chiave, lingua))
+        return;
+    // An installed game: the program's folder is not the user's to write.
+    QDir().mkpath(CartellaUtenteProgramma());
+    ScriviVoce(utente, sezione, chiave, lingua);
 }
 
 QString TestoErrore(const QString &chiave, const QString &italiano)

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QStandardPaths>
 
 namespace {
 QString cartellaProgrammaDiProva;
@@ -36,6 +37,18 @@ QString CartellaProgramma()
 }
 
 void ImpostaCartellaProgramma(const QString &cartella) { cartellaProgrammaDiProva = cartella; }
+
+QString CartellaUtenteProgramma()
+{
+#ifdef Q_OS_WIN
+    QString base = qEnvironmentVariable("APPDATA");
+    if (base.isEmpty())
+        base = QDir::homePath() + QStringLiteral("/AppData/Roaming");
+#else
+    const QString base = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+#endif
+    return QDir::toNativeSeparators(QDir(base).filePath(QStringLiteral("coppie-vivaci")));
+}
 
 QString MappaPercorso(const QString &percorso)
 {

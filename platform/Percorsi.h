@@ -15,6 +15,12 @@ QString RadiceDatiLocale();
 QString CartellaProgramma();
 void ImpostaCartellaProgramma(const QString &cartella); // for tests; empty goes back to the executable's
 
+// The user's own copy of what the game writes beside the program, for a
+// program folder that cannot be written (an installed game): a local path,
+// without a trailing separator. ~/.config/coppie-vivaci on Linux,
+// %APPDATA%\coppie-vivaci on Windows. Not created here.
+QString CartellaUtenteProgramma();
+
 // Maps a game path to a local one: the data root literal in any letter case
 // becomes the local data root, backslashes become the platform's separators,
 // doubled separators collapse. Nothing is looked up on disk.

@@ -3,6 +3,7 @@
 #include "lang/FileProfilo.h"
 #include "lang/modLanguageSupport.h"
 #include "platform/Controlli.h"
+#include "platform/ScritturaIntera.h"
 #include "platform/Schermi.h"
 
 #include <QAction>
@@ -237,6 +238,51 @@ private slots:
         QCOMPARE(LinguaImpostata(), QStringLiteral("English"));
         QVERIFY(AmbienteProva::Leggi(a.Programma() + QStringLiteral("/LangSetting.ini")).contains("CurrentLanguage=English\r\n"));
         Schermi::ScaricaTuttiPerProve();
+    }
+
+    // --- an installed game: the program's folder is not the user's -----------
+
+    void aLanguageChosenWithAReadOnlyProgramFolderIsKeptInTheUsersCopy()
+    {
+        AmbienteProva a;
+        const QByteArray delProgramma = AmbienteProva::Leggi(a.Programma() + QStringLiteral("/LangSetting.ini"));
+        // Every write into the program's folder is refused, as under /usr/lib.
+        ImpostaGuastoScritturaPerProve([&](FaseScrittura, const QString &percorso) {
+            return percorso.startsWith(a.Programma());
+        });
+        ScegliLingua(QStringLiteral("English"));
+        ImpostaGuastoScritturaPerProve({});
+        QCOMPARE(AmbienteProva::Leggi(a.Programma() + QStringLiteral("/LangSetting.ini")), delProgramma);
+        const QString utente = a.Casa() + QStringLiteral("/.config/coppie-vivaci/LangSetting.ini");
+        QCOMPARE(PercorsoImpostazioneLinguaUtente(), utente);
+        QCOMPARE(AmbienteProva::Leggi(utente), QByteArray("[Language]\r\nCurrentLanguage=English\r\n"));
+        // The next start reads the user's copy first.
+        LinguaCorrente.clear();
+        QCOMPARE(LinguaImpostata(), QStringLiteral("English"));
+        QCOMPARE(TestoLingua(QStringLiteral("0004")), QStringLiteral("NO"));
+        QCOMPARE(LinguaCorrente, QStringLiteral("English"));
+        QCOMPARE(IndiceLinguaSpuntata(ElencoLingue(), LinguaImpostata()), int(ElencoLingue().indexOf(QStringLiteral("English"))));
+    }
+
+    void onceTheUsersCopyExistsItIsTheOneWritten()
+    {
+        AmbienteProva a;
+        const QString utente = a.Casa() + QStringLiteral("/.config/coppie-vivaci/LangSetting.ini");
+        AmbienteProva::Scrivi(utente, "[Language]\r\nCurrentLanguage=English\r\n");
+        const QByteArray delProgramma = AmbienteProva::Leggi(a.Programma() + QStringLiteral("/LangSetting.ini"));
+        QCOMPARE(LinguaImpostata(), QStringLiteral("English"));
+        ScegliLingua(QStringLiteral("Italiano"));
+        QCOMPARE(AmbienteProva::Leggi(utente), QByteArray("[Language]\r\nCurrentLanguage=Italiano\r\n"));
+        QCOMPARE(AmbienteProva::Leggi(a.Programma() + QStringLiteral("/LangSetting.ini")), delProgramma);
+        QCOMPARE(LinguaImpostata(), QStringLiteral("Italiano"));
+    }
+
+    void aWritableProgramFolderKeepsTheChoiceBesideTheProgramAndMakesNoUserCopy()
+    {
+        AmbienteProva a;
+        ScegliLingua(QStringLiteral("English"));
+        QVERIFY(AmbienteProva::Leggi(a.Programma() + QStringLiteral("/LangSetting.ini")).contains("CurrentLanguage=English\r\n"));
+        QVERIFY(!QFileInfo::exists(a.Casa() + QStringLiteral("/.config/coppie-vivaci")));
     }
 
     void scriviVoceReplacesAKeyOrAddsItToItsSection()
