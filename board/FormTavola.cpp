@@ -389,9 +389,11 @@ void FormTavola::Aggiorna()
     StatusBar1->raise();
     mnuAvvia->setEnabled(t.mnuAvviaEnabled);
     if (!scaricato) {
-        if (t.Timer1Enabled) {
+        // A timer of interval 0 never ticks, as the old one did: a damaged
+        // profile's speed of 0 or less leaves the highlight still, not spinning.
+        if (t.Timer1Enabled && t.Timer1Interval > 0) {
             if (Timer1.interval() != t.Timer1Interval || !Timer1.isActive())
-                Timer1.start(qMax(1, t.Timer1Interval));
+                Timer1.start(t.Timer1Interval);
         } else {
             Timer1.stop();
         }

@@ -11,9 +11,19 @@ std::unique_ptr<QLockFile> blocco;
 
 QString percorsoBlocco()
 {
+#ifdef Q_OS_WIN
+    // The temporary folder is the user's own on Windows.
+    const QString cartella = QDir::tempPath();
+#else
+    // Never the shared temporary folder: another user's game, or anyone
+    // else's file of that name, would keep this user's game from starting.
     QString cartella = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    if (cartella.isEmpty() || !QDir(cartella).exists())
-        cartella = QDir::tempPath();
+    if (cartella.isEmpty() || !QDir(cartella).exists()) {
+        cartella = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation)
+                   + QStringLiteral("/coppie-vivaci");
+        QDir().mkpath(cartella);
+    }
+#endif
     return QDir(cartella).filePath(QStringLiteral("coppie-vivaci.lock"));
 }
 } // namespace

@@ -12,12 +12,16 @@
 #include "platform/MsgBox.h"
 #include "platform/Percorsi.h"
 
+#include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QStringList>
+#include <QTimer>
+#include <QWidget>
 #include <QtTest>
 
 #include <memory>
@@ -34,6 +38,44 @@ public:
     QStringList richieste;
 };
 
+// A check that fails inside a modal screen or a wait returns from its own
+// handler only: the screen would stay open until ctest's limit. Once the
+// running test has failed, this closes every modal screen and ends every
+// wait, again and again, so the test runs to its end at once.
+class GuardiaModali
+{
+public:
+    GuardiaModali()
+    {
+        if (!QCoreApplication::instance())
+            return;
+        controllo = std::make_unique<QTimer>();
+        controllo->setInterval(20);
+        QObject::connect(controllo.get(), &QTimer::timeout, [] {
+            if (QTest::currentTestFailed())
+                ChiudiTutto();
+        });
+        controllo->start();
+    }
+
+    static void ChiudiTutto()
+    {
+        InterrompiAttesePerProve();
+        if (!qobject_cast<QApplication *>(QCoreApplication::instance()))
+            return;
+        // Screens ignore close() and reject(): only done() leaves their loop.
+        for (int giri = 0; giri < 32; ++giri) {
+            auto *modale = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            if (!modale)
+                break;
+            modale->done(QDialog::Rejected);
+        }
+    }
+
+private:
+    std::unique_ptr<QTimer> controllo;
+};
+
 class AmbienteProva
 {
 public:
@@ -43,6 +85,8 @@ public:
         programma = std::make_unique<QTemporaryDir>();
         qputenv("HOME", casa->path().toUtf8());
         qputenv("XDG_DATA_HOME", (casa->path() + QStringLiteral("/.local/share")).toUtf8());
+        qputenv("XDG_CONFIG_HOME", (casa->path() + QStringLiteral("/.config")).toUtf8());
+        qputenv("XDG_CACHE_HOME", (casa->path() + QStringLiteral("/.cache")).toUtf8());
         ImpostaCartellaProgramma(programma->path());
         if (conFileLingua) {
             for (const char *f : {"Italiano.lng", "English.lng", "LangSetting.ini"})
@@ -121,6 +165,7 @@ public:
     CanaleRegistrato suoni;
 
 private:
+    GuardiaModali guardia;
     std::unique_ptr<QTemporaryDir> casa;
     std::unique_ptr<QTemporaryDir> programma;
 };

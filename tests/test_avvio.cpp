@@ -132,6 +132,18 @@ private slots:
         QCOMPARE(a.scatole[0].testo, QStringLiteral("Vuoi cancellare i files dei memory pronti dalla posizione di origine?"));
     }
 
+    void withoutARuntimeFolderTheLockIsInAFolderOfTheUsersOwn()
+    {
+        AmbienteProva a;
+        qunsetenv("XDG_RUNTIME_DIR");
+        RilasciaIstanzaUnica();
+        QVERIFY(PrendiIstanzaUnica());
+        const QString blocco = a.Casa() + QStringLiteral("/.cache/coppie-vivaci/coppie-vivaci.lock");
+        QVERIFY2(QFileInfo::exists(blocco), qPrintable(blocco));
+        RilasciaIstanzaUnica();
+        QVERIFY(!QFileInfo::exists(blocco));
+    }
+
     void aSecondCopyStartedWhileOneRunsShowsOnlyItsMessageAndTouchesNothing()
     {
         AmbienteProva a;

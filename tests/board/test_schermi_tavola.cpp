@@ -328,6 +328,27 @@ private slots:
         QCOMPARE(f->FramePosto[0]->palette().color(QPalette::Window), ColoreDaNumero(Profilo.ColoreScansione));
     }
 
+    void aScanningSpeedOfZeroOrLessLeavesTheHighlightStill_data()
+    {
+        QTest::addColumn<int>("velocita");
+        QTest::newRow("0") << 0;
+        QTest::newRow("-3") << -3;
+    }
+    void aScanningSpeedOfZeroOrLessLeavesTheHighlightStill()
+    {
+        // A damaged profile: the old timer did not tick at an interval of 0.
+        QFETCH(int, velocita);
+        Profilo.ModoInput = ModoInputValori::ScansioneAutomatica;
+        Profilo.VelocitaScansione = qint16(velocita);
+        FormTavola *f = apri(QStringLiteral("FormmemSS"));
+        QVERIFY(f->Partita().Timer1Enabled);
+        QVERIFY(!f->Timer1.isActive());
+        const qint16 prima = f->Partita().PostoEvidenziato;
+        QCoreApplication::processEvents();
+        QCOMPARE(f->Partita().PostoEvidenziato, prima);
+        QVERIFY(!f->Timer1.isActive());
+    }
+
     void onSSKeysWorkOnlyThroughTheFocusHolder()
     {
         Profilo.ModoInput = ModoInputValori::Tastiera;
