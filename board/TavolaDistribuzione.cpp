@@ -28,7 +28,7 @@ void Tavola::caricaFaccia(Faccia &f, TipoFaccia t, const QString &valore)
         break;
     case TipoFaccia::Immagine:
         if (!valore.isEmpty() && !QImageReader(PercorsoLocale(valore)).canRead())
-            ErroreFatale(QStringLiteral("Non riesco a caricare l'immagine: ") + valore);
+            ErroreFatale(QStringLiteral("Non riesco a caricare l'immagine: ") + MappaPercorso(valore));
         f.File = valore;
         f.TagAnimata = valore;
         f.AnimataAvviata = false;

@@ -4,6 +4,7 @@
 #include "platform/Errori.h"
 #include "platform/LettoreCampi.h"
 #include "platform/MsgBox.h"
+#include "platform/Percorsi.h"
 #include "platform/TestoFile.h"
 #include "profiles/CartelleDati.h"
 
@@ -16,7 +17,7 @@ namespace {
 [[noreturn]] void setGuasto(const QString &file, int riga, const QString &perche)
 {
     ErroreFatale(TestoErrore(QStringLiteral("0104"), QStringLiteral("Non riesco a leggere il file del memory:"))
-                 + QLatin1Char(' ') + file + QStringLiteral(" (riga %1): ").arg(riga) + perche);
+                 + QLatin1Char(' ') + MappaPercorso(file) + QStringLiteral(" (riga %1): ").arg(riga) + perche);
 }
 } // namespace
 

@@ -171,6 +171,21 @@ private slots:
                              QStringLiteral("0078"), &t));
         QCOMPARE(t.NumeroCoppie, qint16(1));
     }
+
+    void aDamagedSetNamedTheWindowsWayIsNamedUnderTheHomeFolderInTheMessage()
+    {
+        scrivi(QStringLiteral("ImpostazioniProgrammiLorea/tesselo/dati/ii/rotto.agg"), "a.gif\r\nb.gif\r\n\r\n");
+        TabellaMemoria t;
+        try {
+            CaricaMemory(QStringLiteral("C:\\ImpostazioniProgrammiLorea\\tesselo\\dati\\ii\\rotto.agg"),
+                         QStringLiteral("0078"), &t);
+            QFAIL("a set ending inside a record did not end the program");
+        } catch (const ProcessoTerminato &p) {
+            const QString atteso = QDir::toNativeSeparators(amb->Radice() + QStringLiteral("/tesselo/dati/ii/rotto.agg"));
+            QVERIFY2(p.fine.messaggio.contains(atteso), qPrintable(p.fine.messaggio));
+            QVERIFY2(!p.fine.messaggio.contains(QStringLiteral("C:\\")), qPrintable(p.fine.messaggio));
+        }
+    }
 };
 
 QTEST_GUILESS_MAIN(TestCaricaMemory)
