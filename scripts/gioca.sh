@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
-# Builds the game and starts it. On a machine without a display it says so,
-# starts the game under Xvfb, and saves a screenshot of what it shows.
+# Builds the game alone (no tests, no benchmarks: scripts/prova.sh builds
+# those) and starts it. On a machine without a display it says so, starts the
+# game under Xvfb, and saves a screenshot of what it shows.
 set -euo pipefail
 radice=$(cd "$(dirname "$0")/.." && pwd)
 bash "$radice/scripts/installa-dipendenze.sh"
-bash "$radice/scripts/compila.sh" "$radice/build"
+bash "$radice/scripts/compila.sh" "$radice/build" coppie-vivaci
 gioco="$radice/build/programma/coppie-vivaci"
 
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then

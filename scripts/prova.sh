@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds the game and runs every test.
+# Builds the game, its tests and its benchmarks, and runs every test.
 set -euo pipefail
 radice=$(cd "$(dirname "$0")/.." && pwd)
 bash "$radice/scripts/installa-dipendenze.sh"
