@@ -2,10 +2,12 @@
 
 #include "board/RegistraBoard.h"
 #include "menu/RegistraMenu.h"
+#include "sets/RegistraSets.h"
 
 void RegistraSchermiDelGioco()
 {
     // Each screen library adds its registration here as it lands.
     RegistraSchermiMenu();
     RegistraSchermiBoard();
+    RegistraSchermiSets();
 }

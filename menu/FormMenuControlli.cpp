@@ -306,8 +306,6 @@ void FormMenu::creaMenu()
         a->setObjectName(QLatin1String(e.nome));
         const QString schermo = QLatin1String(e.schermo);
         connect(a, &QAction::triggered, this, [this, schermo] { mostraSchermoEScarica(schermo); });
-        // The editors come with a later version of the game; until then they stand here, not usable.
-        a->setEnabled(false);
         *e.azione = a;
     }
     mnuConfigurazioni = BarraMenu->addAction(QStringLiteral("Configurazioni"));

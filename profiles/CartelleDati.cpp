@@ -57,17 +57,24 @@ bool CartellaEsiste(const QString &percorso)
     return fi.exists() || fi.isSymLink();
 }
 
-void CreaCartella(const QString &percorso)
+bool TentaCreaCartella(const QString &percorso)
 {
     const QString locale = PercorsoLocale(percorso);
     annota(QStringLiteral("cartella ") + percorso);
     if (!QDir().mkdir(locale) && !QFileInfo(locale).isDir())
-        ErroreFatale(TestoErrore(QStringLiteral("0101"), QStringLiteral("Non riesco a creare la cartella:")) + u'\n'
-                     + locale);
+        return false;
     // The notice is written anew at each creation, in the language of the moment.
     ScriviFileTesto(Cartelle::Leggimi, {TestoLingua(QStringLiteral("0020")), QStringLiteral(" "),
                                         TestoLingua(QStringLiteral("0021")), QStringLiteral(" "),
                                         TestoLingua(QStringLiteral("0022"))});
+    return true;
+}
+
+void CreaCartella(const QString &percorso)
+{
+    if (!TentaCreaCartella(percorso))
+        ErroreFatale(TestoErrore(QStringLiteral("0101"), QStringLiteral("Non riesco a creare la cartella:")) + u'\n'
+                     + PercorsoLocale(percorso));
 }
 
 QString CartellaSistema()

@@ -17,6 +17,8 @@ void CreaCartelleDati();
 bool FileEsiste(const QString &percorso);
 bool CartellaEsiste(const QString &percorso);
 void CreaCartella(const QString &percorso);
+// As CreaCartella, for the callers that pass a failure over: false when the folder could not be made.
+bool TentaCreaCartella(const QString &percorso);
 QString CartellaSistema();
 void InstallaFont();
 void ImportaMemoryPronti();

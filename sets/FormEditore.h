@@ -1,0 +1,85 @@
+#pragma once
+
+#include "platform/Schermi.h"
+#include "sets/Editore.h"
+
+#include <QPushButton>
+
+#include <map>
+#include <memory>
+
+class Etichetta;
+class Filmato;
+class QAction;
+class QCheckBox;
+class QComboBox;
+class QFrame;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QMenuBar;
+class QProgressBar;
+class QScrollBar;
+
+// A command button whose caption wraps onto as many lines as it needs, as the
+// old buttons' captions did.
+class PulsanteACapo final : public QPushButton
+{
+    Q_OBJECT
+public:
+    using QPushButton::QPushButton;
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *e) override;
+};
+
+// One set editor: the widgets that show the rules of Editore and forward
+// input to them. The four editors are this form with their own settings.
+class FormEditore final : public Form, public VistaEditore
+{
+    Q_OBJECT
+public:
+    explicit FormEditore(const ImpostazioniEditore &impostazioni);
+    ~FormEditore() override;
+
+    void Form_Load() override;
+    void Form_Activate() override;
+    void Form_Unload() override;
+
+    void Aggiorna() override;
+
+    Editore &Modello() { return *editore; }
+
+    QMenuBar *BarraMenu = nullptr;
+    QAction *mnuEsci = nullptr;
+    // Every control under its design name.
+    std::map<QString, QWidget *> Controlli;
+    template <typename T> T *Controllo(const QString &nome) const
+    {
+        auto it = Controlli.find(nome);
+        return it == Controlli.end() ? nullptr : qobject_cast<T *>(it->second);
+    }
+
+    void mnuEsci_Click();
+
+protected:
+    void resizeEvent(QResizeEvent *e) override;
+
+private:
+    void creaControlli();
+    QWidget *creaControllo(const ControlloEditore &c, QWidget *padre);
+    void collega(const QString &nome, QWidget *w);
+    void aggiornaFilm(int k);
+    void aggiornaFigura(int k);
+    void aggiornaMiniature();
+
+    std::unique_ptr<Editore> editore;
+    QWidget *area = nullptr;
+    int caricamentiFilm[4] = {-1, -1, -1, -1};
+    int riavvolgimentiFilm[4] = {0, 0, 0, 0};
+    int caricamentiFigura[3] = {-1, -1, -1};
+    int vociMostrate = 0;
+    bool attesaMostrata = false;
+    bool aggiornando = false;
+};

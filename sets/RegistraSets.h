@@ -1,0 +1,4 @@
+#pragma once
+
+// The four set editors, under their screen names.
+void RegistraSchermiSets();
