@@ -48,17 +48,68 @@ public:
     // A folder of the user's own media, outside the data tree.
     QString Media(const QString &nome = QString()) const { return ambiente->Casa() + QStringLiteral("/media/") + nome; }
 
-    // A small picture of one colour, in the format the name asks.
+    // A small picture of one colour, in the format the name asks (GIF when
+    // the name says nothing else).
     QString Immagine(const QString &nome, QColor colore = Qt::blue, QSize dimensione = QSize(24, 16)) const
     {
-        QImage img(dimensione, QImage::Format_RGB32);
-        img.fill(colore);
         const QString p = Media(nome);
-        const QByteArray formato = nome.endsWith(QLatin1String(".png")) ? "PNG"
-                                   : nome.endsWith(QLatin1String(".jpg")) ? "JPEG"
-                                                                          : "GIF";
-        img.save(p, formato.constData());
+        ScriviImmagine(p, colore, dimensione);
         return p;
+    }
+    static void ScriviImmagine(const QString &p, QColor colore, QSize dimensione)
+    {
+        if (p.endsWith(QLatin1String(".png"), Qt::CaseInsensitive) || p.endsWith(QLatin1String(".jpg"), Qt::CaseInsensitive)) {
+            QImage img(dimensione, QImage::Format_RGB32);
+            img.fill(colore);
+            img.save(p, p.endsWith(QLatin1String(".png"), Qt::CaseInsensitive) ? "PNG" : "JPEG");
+            return;
+        }
+        AmbienteProva::Scrivi(p, Gif(colore, dimensione));
+    }
+    // Qt reads GIF but does not write it: a picture of one colour, each pixel
+    // behind a clear code, so every code keeps three bits.
+    static QByteArray Gif(QColor colore, QSize d)
+    {
+        QByteArray b("GIF89a");
+        auto parola = [&b](int v) { b += char(v & 0xFF); b += char((v >> 8) & 0xFF); };
+        parola(d.width());
+        parola(d.height());
+        b += char(0x80); // a global table of two colours
+        b += char(0);
+        b += char(0);
+        b += char(colore.red()); b += char(colore.green()); b += char(colore.blue());
+        b += char(0); b += char(0); b += char(0);
+        b += ',';
+        parola(0); parola(0); parola(d.width()); parola(d.height());
+        b += char(0);
+        b += char(2); // minimum code size
+        QByteArray dati;
+        quint32 accumulo = 0;
+        int bit = 0;
+        auto codice = [&](int c) {
+            accumulo |= quint32(c) << bit;
+            bit += 3;
+            while (bit >= 8) {
+                dati += char(accumulo & 0xFF);
+                accumulo >>= 8;
+                bit -= 8;
+            }
+        };
+        for (int i = 0; i < d.width() * d.height(); ++i) {
+            codice(4);
+            codice(0);
+        }
+        codice(5);
+        if (bit > 0)
+            dati += char(accumulo & 0xFF);
+        for (qsizetype i = 0; i < dati.size(); i += 255) {
+            const QByteArray pezzo = dati.mid(i, 255);
+            b += char(pezzo.size());
+            b += pezzo;
+        }
+        b += char(0);
+        b += ';';
+        return b;
     }
     // A film of the game's own, copied under a new name.
     QString Film(const QString &nome) const
