@@ -13,7 +13,8 @@ public:
     {
         if (!file.open(modo))
             return false;
-        return QIODevice::open(modo);
+        // Unbuffered, so that what is counted is what the decoders asked for.
+        return QIODevice::open(modo | QIODevice::Unbuffered);
     }
     bool isSequential() const override { return false; }
     qint64 size() const override { return file.size(); }

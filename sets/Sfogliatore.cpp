@@ -218,14 +218,14 @@ void Sfogliatore::prendiInOrdine()
         ++Lavoro.Giri;
         Lavoro.VociPerGiroMassime = qMax(Lavoro.VociPerGiroMassime, presi);
     }
+    if (presi > 0)
+        emit Cambiato();
     if (prossimo >= int(esiti.size())) {
         fine();
         emit Cambiato();
         emit RiempimentoFinito();
         return;
     }
-    if (presi > 0)
-        emit Cambiato();
     // More may be ready: take them at the next turn, so input is handled between.
     if (esiti[size_t(prossimo)] && !presaInAttesa) {
         presaInAttesa = true;
