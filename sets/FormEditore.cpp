@@ -20,6 +20,7 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QProgressBar>
+#include <QKeyEvent>
 #include <QResizeEvent>
 #include <QScrollBar>
 #include <QStyleOptionButton>
@@ -38,6 +39,23 @@ void PulsanteACapo::paintEvent(QPaintEvent *)
     const QRect r = style()->subElementRect(QStyle::SE_PushButtonContents, &o, this).adjusted(2, 1, -2, -1);
     p.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
     p.drawText(r, Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic, testo);
+}
+
+void BarraCoppie::keyPressEvent(QKeyEvent *e)
+{
+    // The arrows move it one pair, Home and End to the ends, as the old bar did when it had the focus.
+    switch (e->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Up: triggerAction(SliderSingleStepSub); break;
+    case Qt::Key_Right:
+    case Qt::Key_Down: triggerAction(SliderSingleStepAdd); break;
+    case Qt::Key_PageUp: triggerAction(SliderPageStepSub); break;
+    case Qt::Key_PageDown: triggerAction(SliderPageStepAdd); break;
+    case Qt::Key_Home: triggerAction(SliderToMinimum); break;
+    case Qt::Key_End: triggerAction(SliderToMaximum); break;
+    default: QScrollBar::keyPressEvent(e); return;
+    }
+    e->accept();
 }
 
 namespace {
@@ -109,9 +127,10 @@ QWidget *FormEditore::creaControllo(const ControlloEditore &c, QWidget *padre)
         break;
     }
     case TipoControllo::Barra: {
-        auto *b = new QScrollBar(Qt::Horizontal, padre);
+        auto *b = new BarraCoppie(padre);
         b->setAccessibleName(QStringLiteral("Coppia"));
         b->setPageStep(1);
+        b->setFocusPolicy(Qt::StrongFocus);
         w = b;
         break;
     }

@@ -4,6 +4,7 @@
 #include "sets/Editore.h"
 
 #include <QPushButton>
+#include <QScrollBar>
 
 #include <map>
 #include <memory>
@@ -32,6 +33,17 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *e) override;
+};
+
+// The pair navigator: a horizontal scroll bar that the keyboard moves too.
+class BarraCoppie final : public QScrollBar
+{
+    Q_OBJECT
+public:
+    explicit BarraCoppie(QWidget *parent) : QScrollBar(Qt::Horizontal, parent) {}
+
+protected:
+    void keyPressEvent(QKeyEvent *e) override;
 };
 
 // One set editor: the widgets that show the rules of Editore and forward
