@@ -41,6 +41,27 @@ void PulsanteACapo::paintEvent(QPaintEvent *)
     p.drawText(r, Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic, testo);
 }
 
+void CasellaACapo::paintEvent(QPaintEvent *)
+{
+    QStylePainter p(this);
+    QStyleOptionButton o;
+    initStyleOption(&o);
+    const QString testo = o.text;
+    const int lato = style()->pixelMetric(QStyle::PM_IndicatorWidth, &o, this);
+    o.rect = QRect(0, (height() - lato) / 2, lato, lato);
+    o.text.clear();
+    p.drawPrimitive(QStyle::PE_IndicatorCheckBox, o);
+    const QRect r = rect().adjusted(lato + 6, 0, 0, 0);
+    p.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+    p.drawText(r, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap | Qt::TextShowMnemonic, testo);
+    if (hasFocus()) {
+        QStyleOptionFocusRect f;
+        f.initFrom(this);
+        f.rect = r;
+        p.drawPrimitive(QStyle::PE_FrameFocusRect, f);
+    }
+}
+
 void BarraCoppie::keyPressEvent(QKeyEvent *e)
 {
     // The arrows move it one pair, Home and End to the ends, as the old bar did when it had the focus.
@@ -68,7 +89,7 @@ FormEditore::FormEditore(const ImpostazioniEditore &imp)
     : Form(nomeSchermo(imp.Nome), LarghezzaEditore, AltezzaEditore)
 {
     setWindowTitle(QStringLiteral("Coppie vivaci"));
-    setFont(FontGioco(QStringLiteral("Arial"), 10));
+    setFont(FontGioco(QStringLiteral("Arial"), 11));
     editore = std::make_unique<Editore>(imp, this);
     editore->Proprietario = this;
 
@@ -145,7 +166,7 @@ QWidget *FormEditore::creaControllo(const ControlloEditore &c, QWidget *padre)
         break;
     }
     case TipoControllo::Casella: {
-        auto *k = new QCheckBox(c.Caption, padre);
+        auto *k = new CasellaACapo(c.Caption, padre);
         w = k;
         break;
     }

@@ -3,6 +3,7 @@
 #include "platform/Schermi.h"
 #include "sets/Editore.h"
 
+#include <QCheckBox>
 #include <QPushButton>
 #include <QScrollBar>
 
@@ -33,6 +34,19 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *e) override;
+};
+
+// A check box whose caption wraps onto as many lines as it needs, and that
+// answers a click anywhere on itself.
+class CasellaACapo final : public QCheckBox
+{
+    Q_OBJECT
+public:
+    using QCheckBox::QCheckBox;
+
+protected:
+    void paintEvent(QPaintEvent *e) override;
+    bool hitButton(const QPoint &pos) const override { return rect().contains(pos); }
 };
 
 // The pair navigator: a horizontal scroll bar that the keyboard moves too.

@@ -29,6 +29,11 @@ bool StatoAvanzamento::ImpostaValore(int valore)
 Sfogliatore::Sfogliatore(QObject *parent) : QObject(parent), generazioneCorrente(std::make_shared<std::atomic<int>>(0))
 {
     pool.setMaxThreadCount(qBound(1, QThread::idealThreadCount(), 2));
+    // The thumbnails are taken in on a timer, a few at a time, so that the
+    // window's own timers and paints (the list's layout among them) always get
+    // their turn, however fast the pictures come.
+    presa.setInterval(10);
+    connect(&presa, &QTimer::timeout, this, &Sfogliatore::prendiInOrdine);
     Unita = UnitaDelSistema();
     Drive1 = Unita.value(0);
     Dir1Path = CartellaIniziale();
@@ -179,6 +184,7 @@ void Sfogliatore::Dir1_Change()
         });
     }
     emit Cambiato();
+    presa.start();
     prendiInOrdine();
 }
 
@@ -187,13 +193,6 @@ void Sfogliatore::consegna(int gen, int indice, Esito esito)
     if (gen != generazione || !inCorso)
         return;
     esiti[size_t(indice)] = std::move(esito);
-    if (indice == prossimo && !presaInAttesa) {
-        presaInAttesa = true;
-        QMetaObject::invokeMethod(this, [this] {
-            presaInAttesa = false;
-            prendiInOrdine();
-        }, Qt::QueuedConnection);
-    }
 }
 
 void Sfogliatore::prendiInOrdine()
@@ -224,20 +223,12 @@ void Sfogliatore::prendiInOrdine()
         fine();
         emit Cambiato();
         emit RiempimentoFinito();
-        return;
-    }
-    // More may be ready: take them at the next turn, so input is handled between.
-    if (esiti[size_t(prossimo)] && !presaInAttesa) {
-        presaInAttesa = true;
-        QMetaObject::invokeMethod(this, [this] {
-            presaInAttesa = false;
-            prendiInOrdine();
-        }, Qt::QueuedConnection);
     }
 }
 
 void Sfogliatore::fine()
 {
+    presa.stop();
     inCorso = false;
     PuntatoreAttesa = false;
     barr1.Visible = false;

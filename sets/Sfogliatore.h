@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 #include <QThreadPool>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -108,10 +109,10 @@ private:
     void fine();
 
     QThreadPool pool;
+    QTimer presa;
     std::shared_ptr<std::atomic<int>> generazioneCorrente;
     int generazione = 0;
     bool inCorso = false;
-    bool presaInAttesa = false;
     QStringList percorsi;
     std::vector<std::optional<Esito>> esiti;
     int prossimo = 0;
