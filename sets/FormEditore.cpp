@@ -185,6 +185,10 @@ QWidget *FormEditore::creaControllo(const ControlloEditore &c, QWidget *padre)
         i->setFrameShape(QFrame::Box);
         i->setAccessibleName(QStringLiteral("Immagine"));
         i->setCursor(Qt::PointingHandCursor);
+        // Reached with Tab and chosen with Enter or Space, as well as with the mouse.
+        i->setFocusPolicy(Qt::StrongFocus);
+        i->setStyleSheet(QStringLiteral("QLabel { border: 1px solid black; } QLabel:focus { border: 3px solid #2060e0; }"));
+        i->installEventFilter(this);
         w = i;
         break;
     }
@@ -319,6 +323,21 @@ void FormEditore::collega(const QString &nome, QWidget *w)
                 e->Miniature()->Drive1_Change(d->itemData(indice).toString());
         });
     }
+}
+
+bool FormEditore::eventFilter(QObject *o, QEvent *e)
+{
+    if (e->type() == QEvent::KeyPress) {
+        const int tasto = static_cast<QKeyEvent *>(e)->key();
+        if (tasto == Qt::Key_Return || tasto == Qt::Key_Enter || tasto == Qt::Key_Space) {
+            const QString nome = o->objectName();
+            if (nome == QLatin1String("Image1") || nome == QLatin1String("Image2")) {
+                editore->Image_Click(lato(nome));
+                return true;
+            }
+        }
+    }
+    return Form::eventFilter(o, e);
 }
 
 void FormEditore::Form_Load()
@@ -492,7 +511,9 @@ void FormEditore::aggiornaMiniature()
         }
         for (; vociMostrate < s->ListView1.size(); ++vociMostrate) {
             const QString &chiave = s->ListView1[vociMostrate];
-            auto *item = new QListWidgetItem(QIcon(QPixmap::fromImage(s->ImageList1.value(chiave))), chiave, v);
+            auto *item = new QListWidgetItem(chiave, v);
+            // The picture itself, shared with the image list: no second copy of each thumbnail.
+            item->setData(Qt::DecorationRole, s->ImageList1.value(chiave));
             item->setToolTip(chiave);
         }
     }

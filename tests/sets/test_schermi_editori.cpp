@@ -351,6 +351,31 @@ private slots:
         QCOMPARE(nuove[6], nuovo);
     }
 
+    void theKeyboardMovesThePairsAndOpensAnImageBox()
+    {
+        FormEditore *f = apriDalMenu(QStringLiteral("Formpg"));
+        QVERIFY(f);
+        f->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(f));
+        auto *parola = w<QLineEdit>(f, "Text1");
+        parola->setFocus();
+        QTest::keyClicks(parola, QStringLiteral("sole"));
+        auto *immagine = f->Controlli.at(QStringLiteral("Image2"));
+        immagine->setFocus();
+        QCOMPARE(QApplication::focusWidget(), immagine);
+        rispondi(immagine == nullptr ? QString() : this->immagine(QStringLiteral("sole.png"), Qt::yellow));
+        QTest::keyClick(immagine, Qt::Key_Return);
+        QCOMPARE(int(a().dialoghi.size()), 1);
+        QCOMPARE(f->Modello().Elenco.Campo(1, 2), media(QStringLiteral("sole.png")));
+        auto *barra = w<QScrollBar>(f, "HScroll1");
+        barra->setFocus();
+        QTest::keyClick(barra, Qt::Key_Right);
+        QCOMPARE(f->Modello().CoppiaCorrente, qint16(2));
+        QCOMPARE(parola->text(), QString());
+        QTest::keyClick(barra, Qt::Key_Home);
+        QCOMPARE(parola->text(), QStringLiteral("sole"));
+    }
+
     void theBrowserPicksAPictureByItsThumbnailOnTheScreen()
     {
         FormEditore *f = apriDalMenu(QStringLiteral("Formgg"));
