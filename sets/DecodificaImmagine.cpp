@@ -69,6 +69,9 @@ Decodifica DecodificaRidotta(const QString &fileLocale, const QSize &dimensione,
     }
     if (voluta != intera)
         lettore.setScaledSize(voluta);
+    // A thumbnail needs no careful rounding: the JPEG decoder may take its fast paths.
+    if (voluta.width() <= 256 && voluta.height() <= 256)
+        lettore.setQuality(40);
     QImage img = lettore.read();
     d.ByteLetti = dispositivo.letti;
     if (img.isNull())

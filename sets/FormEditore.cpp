@@ -226,6 +226,9 @@ QWidget *FormEditore::creaControllo(const ControlloEditore &c, QWidget *padre)
         v->setTextElideMode(Qt::ElideLeft);
         v->setGridSize(QSize(Sfogliatore::LatoMiniatura + 60, Sfogliatore::LatoMiniatura + 44));
         v->setUniformItemSizes(true);
+        // Laid out a batch at a time, so a long list never holds the window.
+        v->setLayoutMode(QListView::Batched);
+        v->setBatchSize(64);
         v->setAccessibleName(QStringLiteral("Miniature"));
         w = v;
         break;
