@@ -4,6 +4,7 @@
 #include "ProvaEditori.h"
 
 #include "menu/SceltaMemory.h"
+#include "platform/ScritturaIntera.h"
 #include "sets/ElencoCoppie.h"
 
 class TestElencoCoppie : public QObject
@@ -239,6 +240,21 @@ private slots:
         e->Elenco.Campo(1, 1) = QStringLiteral("C:\\a.swf");
         salva(*e, f);
         QCOMPARE(AmbienteProva::Leggi(f), QByteArray("C:\\a.swf\r\n\r\n\r\n\r\n"));
+    }
+
+    void aWriteCutShortLeavesTheOldSetWholeAndSaysNothing()
+    {
+        const QString f = amb->Dati(QStringLiteral("ii/vecchio.ass"));
+        const QByteArray vecchio("C:\\vecchio.swf\r\n\r\n\r\n\r\n");
+        AmbienteProva::Scrivi(f, vecchio);
+        auto e = editore(EditoreSS());
+        e->Elenco.Campo(1, 1) = QStringLiteral("C:\\nuovo.swf");
+        ImpostaGuastoScritturaPerProve([](FaseScrittura fase, const QString &) { return fase == FaseScrittura::Scrittura; });
+        salva(*e, f);
+        ImpostaGuastoScritturaPerProve({});
+        QCOMPARE(AmbienteProva::Leggi(f), vecchio);
+        QCOMPARE(QDir(amb->Dati(QStringLiteral("ii"))).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("vecchio.ass")});
+        QCOMPARE(int(a().scatole.size()), 1); // the question, and no word of the failure
     }
 
     void theWriterChangesNothingOnTheForm()
