@@ -9,6 +9,7 @@ pacchetti=(
   gstreamer1.0-plugins-base gstreamer1.0-plugins-good
   fonts-liberation fonts-comic-neue fonts-ecolier-court fonts-dejavu-core
   libgtest-dev libbenchmark-dev
+  libsndfile1-dev libmpg123-dev libmp3lame-dev
   xvfb xauth x11-utils xdotool imagemagick
 )
 mancanti=()

@@ -8,8 +8,10 @@
 #include <zlib.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <vector>
 
 namespace swftest {
@@ -320,11 +322,12 @@ inline QByteArray sprite(int id, int fotogrammi, const QByteArray &tags)
 }
 
 // Whole uncompressed file.
-inline QByteArray film(const QByteArray &tags, int fotogrammi, int larghezza = 100, int altezza = 100, int versione = 10)
+inline QByteArray film(const QByteArray &tags, int fotogrammi, int larghezza = 100, int altezza = 100, int versione = 10,
+                       double fps = 24)
 {
     Bit corpo;
     rect(corpo, 0, larghezza * 20, 0, altezza * 20);
-    corpo.u16(24 << 8);
+    corpo.u16(static_cast<int>(fps * 256));
     corpo.u16(fotogrammi);
     QByteArray c = corpo.fine() + tags + tag(0, {});
     Bit h;
@@ -404,6 +407,197 @@ inline QByteArray comprimiZws(const QByteArray &fws)
     h.u32(static_cast<uint32_t>(fws.size()));
     h.u32(static_cast<uint32_t>(dati.size()));
     return h.fine() + out.left(5) + dati;
+}
+
+// Sounds. Samples are interleaved 16-bit, left first.
+
+// The rate field of a sound: 0 5.5 kHz, 1 11 kHz, 2 22 kHz, 3 44 kHz.
+inline int codiceFrequenza(int hz) { return hz <= 5512 ? 0 : hz <= 11025 ? 1 : hz <= 22050 ? 2 : 3; }
+
+inline QByteArray pcm16(const std::vector<int16_t> &c, bool bigEndian = false)
+{
+    QByteArray o;
+    for (int16_t v : c) {
+        const auto u = static_cast<uint16_t>(v);
+        o.append(static_cast<char>(bigEndian ? u >> 8 : u & 0xff));
+        o.append(static_cast<char>(bigEndian ? u & 0xff : u >> 8));
+    }
+    return o;
+}
+
+inline QByteArray pcm8(const std::vector<int16_t> &c)
+{
+    QByteArray o;
+    for (int16_t v : c)
+        o.append(static_cast<char>((v >> 8) + 128));
+    return o;
+}
+
+// The films' ADPCM, 2 to 5 bits a code: packets of 4096 samples a channel,
+// each opening with the sample and the step index. The encoder runs the
+// decoder's own step, so both stay in the same state.
+inline QByteArray adpcm(const std::vector<int16_t> &c, int canali, int bit)
+{
+    static const int passi[89] = {
+        7, 8, 9, 10, 11, 12, 13, 14, 16, 17, 19, 21, 23, 25, 28, 31, 34, 37, 41, 45, 50, 55, 60, 66, 73, 80,
+        88, 97, 107, 118, 130, 143, 157, 173, 190, 209, 230, 253, 279, 307, 337, 371, 408, 449, 494, 544, 598,
+        658, 724, 796, 876, 963, 1060, 1166, 1282, 1411, 1552, 1707, 1878, 2066, 2272, 2499, 2749, 3024, 3327,
+        3660, 4026, 4428, 4871, 5358, 5894, 6484, 7132, 7845, 8630, 9493, 10442, 11487, 12635, 13899, 15289,
+        16818, 18500, 20350, 22385, 24623, 27086, 29794, 32767};
+    static const int i2[] = {-1, 2}, i3[] = {-1, -1, 2, 4}, i4[] = {-1, -1, -1, -1, 2, 4, 6, 8},
+                     i5[] = {-1, -1, -1, -1, -1, -1, -1, -1, 1, 2, 4, 6, 8, 10, 13, 16};
+    const int *indici = bit == 2 ? i2 : bit == 3 ? i3 : bit == 4 ? i4 : i5;
+    const uint32_t segno = 1u << (bit - 1);
+    Bit b;
+    b.ub(static_cast<uint32_t>(bit - 2), 2);
+    const size_t n = c.size() / static_cast<size_t>(canali);
+    int valore[2] = {0, 0}, indice[2] = {0, 0};
+    for (size_t i = 0; i < n; ++i) {
+        for (int k = 0; k < canali; ++k) {
+            const int s = c[i * static_cast<size_t>(canali) + static_cast<size_t>(k)];
+            if (i % 4096 == 0) {
+                valore[k] = s;
+                // a step index that suits the next samples; the field holds 6 bits
+                const int dopo = i + 1 < n ? c[(i + 1) * static_cast<size_t>(canali) + static_cast<size_t>(k)] : s;
+                indice[k] = 0;
+                while (indice[k] < 63 && passi[indice[k]] < std::abs(dopo - s))
+                    ++indice[k];
+                b.sb(s, 16);
+                b.ub(static_cast<uint32_t>(indice[k]), 6);
+                continue;
+            }
+            int passo = passi[indice[k]];
+            const int diff = s - valore[k];
+            int resto = std::abs(diff);
+            uint32_t codice = diff < 0 ? segno : 0;
+            int delta = 0;
+            for (uint32_t m = segno >> 1; m; m >>= 1) {
+                if (resto >= passo) {
+                    codice |= m;
+                    resto -= passo;
+                    delta += passo;
+                }
+                passo >>= 1;
+            }
+            delta += passo;
+            valore[k] = std::clamp(diff < 0 ? valore[k] - delta : valore[k] + delta, -32768, 32767);
+            indice[k] = std::clamp(indice[k] + indici[codice & (segno - 1)], 0, 88);
+            b.ub(codice, bit);
+        }
+    }
+    return b.fine();
+}
+
+// DefineSound. formato: 0 native PCM, 1 ADPCM, 2 MP3, 3 little-endian PCM.
+inline QByteArray defineSound(int id, int formato, int hz, bool sedicibit, bool stereo, uint32_t campioni, const QByteArray &dati)
+{
+    Bit b;
+    b.u16(id);
+    b.ub(static_cast<uint32_t>(formato), 4);
+    b.ub(static_cast<uint32_t>(codiceFrequenza(hz)), 2);
+    b.ub(sedicibit ? 1 : 0, 1);
+    b.ub(stereo ? 1 : 0, 1);
+    b.u32(campioni);
+    return tag(14, b.fine() + dati, true);
+}
+
+struct InfoAvvio {
+    bool ferma = false, nonMultiplo = false;
+    int inizio = -1, fine = -1;  // samples at 44.1 kHz; -1 none
+    int ripetizioni = -1;
+    std::vector<std::array<uint32_t, 3>> inviluppo;  // position at 44.1 kHz, left, right (0..32768)
+};
+
+inline QByteArray infoSuono(const InfoAvvio &i)
+{
+    Bit b;
+    b.ub(0, 2);
+    b.ub(i.ferma, 1);
+    b.ub(i.nonMultiplo, 1);
+    b.ub(!i.inviluppo.empty(), 1);
+    b.ub(i.ripetizioni >= 0, 1);
+    b.ub(i.fine >= 0, 1);
+    b.ub(i.inizio >= 0, 1);
+    if (i.inizio >= 0)
+        b.u32(static_cast<uint32_t>(i.inizio));
+    if (i.fine >= 0)
+        b.u32(static_cast<uint32_t>(i.fine));
+    if (i.ripetizioni >= 0)
+        b.u16(i.ripetizioni);
+    if (!i.inviluppo.empty()) {
+        b.u8(static_cast<int>(i.inviluppo.size()));
+        for (const auto &p : i.inviluppo) {
+            b.u32(p[0]);
+            b.u16(static_cast<int>(p[1]));
+            b.u16(static_cast<int>(p[2]));
+        }
+    }
+    return b.fine();
+}
+
+inline QByteArray startSound(int id, const InfoAvvio &i = {})
+{
+    Bit b;
+    b.u16(id);
+    return tag(15, b.fine() + infoSuono(i));
+}
+
+inline QByteArray startSound2(const QByteArray &classe, const InfoAvvio &i = {})
+{
+    Bit b;
+    b.stringa(classe);
+    return tag(89, b.fine() + infoSuono(i));
+}
+
+// ExportAssets: names for characters.
+inline QByteArray esporta(int id, const QByteArray &nome)
+{
+    Bit b;
+    b.u16(1);
+    b.u16(id);
+    b.stringa(nome);
+    return tag(56, b.fine());
+}
+
+// SoundStreamHead2; latenza only for MP3.
+inline QByteArray testaFlusso(int formato, int hz, bool stereo, int campioniPerFotogramma, int latenza = 0, bool sedicibit = true)
+{
+    Bit b;
+    b.ub(0, 4);
+    b.ub(static_cast<uint32_t>(codiceFrequenza(hz)), 2);
+    b.ub(1, 1);
+    b.ub(stereo ? 1 : 0, 1);
+    b.ub(static_cast<uint32_t>(formato), 4);
+    b.ub(static_cast<uint32_t>(codiceFrequenza(hz)), 2);
+    b.ub(sedicibit ? 1 : 0, 1);
+    b.ub(stereo ? 1 : 0, 1);
+    b.u16(campioniPerFotogramma);
+    if (formato == 2)
+        b.u16(latenza & 0xffff);
+    return tag(45, b.fine());
+}
+
+inline QByteArray bloccoFlusso(const QByteArray &dati) { return tag(19, dati, true); }
+
+// The first sample of frame k (0-based) of a soundtrack.
+inline int64_t inizioFotogramma(int k, int hz, double fps) { return static_cast<int64_t>(std::floor(k * hz / fps)); }
+
+// A soundtrack in PCM (formato 3 or 0) or ADPCM (1): one block a frame,
+// each frame's own samples, and a frame shown after each block.
+inline QByteArray fotogrammiConFlusso(int formato, const std::vector<int16_t> &c, int canali, int hz, double fps,
+                                      int fotogrammi, int bitAdpcm = 4, bool bigEndian = false, bool ottoBit = false)
+{
+    QByteArray o = testaFlusso(formato, hz, canali == 2, static_cast<int>(std::lround(hz / fps)), 0, !ottoBit);
+    const int64_t n = static_cast<int64_t>(c.size()) / canali;
+    for (int k = 0; k < fotogrammi; ++k) {
+        const int64_t a = std::min(n, inizioFotogramma(k, hz, fps)), b = std::min(n, inizioFotogramma(k + 1, hz, fps));
+        if (b > a) {
+            const std::vector<int16_t> pezzo(c.begin() + a * canali, c.begin() + b * canali);
+            o += bloccoFlusso(formato == 1 ? adpcm(pezzo, canali, bitAdpcm) : ottoBit ? pcm8(pezzo) : pcm16(pezzo, bigEndian));
+        }
+        o += mostra();
+    }
+    return o;
 }
 
 } // namespace swftest

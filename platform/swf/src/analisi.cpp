@@ -16,12 +16,15 @@ enum Codice : uint16_t {
     DefineBitsLossless2 = 36, DefineSprite = 39, FrameLabel = 43, DefineMorphShape = 46,
     DefineFont2 = 48, PlaceObject3 = 70, DefineFont3 = 75, DefineShape4 = 83,
     DefineMorphShape2 = 84, DefineBitsJPEG4 = 90, DefineEditText = 37,
+    DefineSound = 14, StartSound = 15, SoundStreamHead = 18, SoundStreamBlock = 19,
+    SoundStreamHead2 = 45, ExportAssets = 56, SymbolClass = 76, StartSound2 = 89,
 };
 
 struct Contesto {
     Film &film;
     int versione;
     int definizioni = 0;
+    int avviiSuono = 0;
 };
 
 ColorTransform leggiCx(Lettore &r, bool alfa)
@@ -340,6 +343,35 @@ bool leggiSequenza(Lettore &r, Contesto &ctx, Sequenza &seq, int annidamento)
                 seq.etichette[nome] = static_cast<int>(seq.fotogrammi.size());
             break;
         }
+        case DefineSound:
+            if (annidamento == 0)
+                leggiDefineSound(t, ctx.film);
+            break;
+        case StartSound: case StartSound2: {
+            AvvioSuono a;
+            if (codice == StartSound)
+                a.id = t.u16();
+            else
+                a.classe = t.stringa();
+            a.info = leggiInfoSuono(t);
+            if (t.ok() && corrente.suoni.size() < 64 && ++ctx.avviiSuono <= 100000)
+                corrente.suoni.push_back(std::move(a));
+            break;
+        }
+        case SoundStreamHead: case SoundStreamHead2:
+            if (!seq.flusso)
+                seq.flusso = leggiTestaFlusso(t);
+            break;
+        case SoundStreamBlock:
+            if (seq.flusso && static_cast<int>(seq.fotogrammi.size()) < kMaxFrames)
+                seq.flusso->blocchi.push_back(
+                    Flusso::Blocco{static_cast<int>(seq.fotogrammi.size()),
+                                   QByteArray(reinterpret_cast<const char *>(t.dati()), static_cast<qsizetype>(t.size()))});
+            break;
+        case ExportAssets: case SymbolClass:
+            if (annidamento == 0)
+                leggiNomiEsportati(t, ctx.film.nomiEsportati);
+            break;
         case SetBackgroundColor:
             if (annidamento == 0 && t.restanti() >= 3) {
                 ctx.film.sfondo.r = t.u8();
@@ -421,6 +453,7 @@ std::unique_ptr<Film> leggiFilm(const QByteArray &file)
     film->principale.numeroFotogrammi = std::max(fotogrammi, 1);
     leggiSequenza(r, ctx, film->principale, 0);
     film->numeroFotogrammi = film->principale.numeroFotogrammi;
+    preparaSuoni(*film);
     return film;
 }
 

@@ -196,6 +196,7 @@ void eseguiAvm1(Riproduzione &r, const std::shared_ptr<Clip> &clip, const QByteA
         case 0x05: if (t) r.vaiA(bersaglio, std::max(t->corrente - 1, 0), false); break;
         case 0x06: if (t) t->inRiproduzione = true; break;
         case 0x07: if (t) t->inRiproduzione = false; break;
+        case 0x09: if (r.suoni.mixer) r.suoni.mixer->fermaTutto(); break;  // StopSounds
         case 0x81: if (t) r.vaiA(bersaglio, a.u16(), false); break;
         case 0x8C: {
             QByteArray etichetta = a.stringa().toLower();

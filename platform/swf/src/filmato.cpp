@@ -17,7 +17,7 @@ thread_local LavoroThread lavoro;
 LavoroThread &lavoroQui() { return lavoro; }
 LavoroThread lavoroDelThread() { return lavoro; }
 
-Filmato::Filmato() = default;
+Filmato::Filmato() : mixer(std::make_shared<MixerFilm>()) {}
 Filmato::~Filmato() = default;
 Filmato::Filmato(Filmato &&) noexcept = default;
 Filmato &Filmato::operator=(Filmato &&) noexcept = default;
@@ -25,6 +25,8 @@ Filmato &Filmato::operator=(Filmato &&) noexcept = default;
 bool Filmato::caricaFile(const QString &percorso)
 {
     d.reset();
+    if (mixer)
+        mixer->fermaTutto();
     QFile f(percorso);
     if (!f.open(QIODevice::ReadOnly) || f.size() > kMaxFile)
         return false;
@@ -34,11 +36,14 @@ bool Filmato::caricaFile(const QString &percorso)
 bool Filmato::caricaDati(const QByteArray &dati)
 {
     d.reset();
+    if (mixer)
+        mixer->fermaTutto();
     auto film = leggiFilm(dati);
     if (!film)
         return false;
     d = std::make_unique<Riproduzione>();
     d->film = std::move(film);
+    d->suoni.mixer = mixer;
     d->inizia();
     return true;
 }
@@ -81,6 +86,7 @@ void Filmato::vaiAlFotogramma(int fotogramma)
     d->creazioniPasso = 0;
     d->vaiA(d->radice, fotogramma - 1, d->radice->inRiproduzione);
     d->eseguiCoda();
+    d->suoni.sincronizza(*d);
 }
 
 void Filmato::avanza()
@@ -91,14 +97,34 @@ void Filmato::avanza()
 
 void Filmato::ferma()
 {
-    if (d && d->radice)
+    if (d && d->radice) {
         d->radice->inRiproduzione = false;
+        d->suoni.sincronizza(*d);
+    }
 }
 
 void Filmato::riprendi()
 {
-    if (d && d->radice)
+    if (d && d->radice) {
         d->radice->inRiproduzione = true;
+        d->suoni.sincronizza(*d);
+    }
+}
+
+std::shared_ptr<UscitaSuono> Filmato::uscitaSuono() const { return mixer; }
+
+void Filmato::impostaSuono(bool attivo)
+{
+    if (d)
+        d->suoni.attiva(*d, attivo);
+}
+
+bool Filmato::suonoAttivo() const { return d && d->suoni.attivo; }
+
+void Filmato::congedaSuoni()
+{
+    if (d)
+        d->suoni.congeda();
 }
 
 void Filmato::disegna(QPainter &painter, const QRectF &target, bool antialias) const
@@ -217,6 +243,10 @@ qint64 Filmato::memoriaUsata() const
             for (auto &f : def.sprite->fotogrammi)
                 tot += static_cast<qint64>(f.comandi.size() * sizeof(Comando)) + 32;
     }
+    for (auto &[id, s] : d->film->suoni)
+        tot += s->dati.size() + (s->pcm ? static_cast<qint64>(s->pcm->campioni.size() * 2) : 0);
+    if (auto &fl = d->film->principale.flusso; fl && fl->pcm)
+        tot += static_cast<qint64>(fl->pcm->campioni.size() * 2);
     for (auto &f : d->film->principale.fotogrammi) {
         tot += static_cast<qint64>(f.comandi.size() * sizeof(Comando)) + 32;
         for (auto &a : f.azioni)

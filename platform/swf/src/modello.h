@@ -4,6 +4,7 @@
 // display-list commands. Coordinates stay in twips; the renderer scales.
 
 #include "lettore.h"
+#include "suono.h"
 
 #include <QColor>
 #include <QImage>
@@ -216,12 +217,14 @@ struct Comando {
 struct Fotogramma {
     std::vector<Comando> comandi;
     std::vector<QByteArray> azioni;  // DoAction bytecode, in file order
+    std::vector<AvvioSuono> suoni;   // StartSound, StartSound2
 };
 
 struct Sequenza {
     int numeroFotogrammi = 1;
     std::vector<Fotogramma> fotogrammi;
     std::map<QByteArray, int> etichette;  // lower-case label -> 0-based frame
+    std::shared_ptr<Flusso> flusso;       // the soundtrack, if the timeline has one
 };
 
 struct Definizione {
@@ -245,6 +248,8 @@ struct Film {
     QByteArray tabelleJpeg;
     std::map<uint16_t, Definizione> definizioni;
     Sequenza principale;
+    std::map<uint16_t, std::shared_ptr<Suono>> suoni;
+    std::map<QByteArray, uint16_t> nomiEsportati;  // ExportAssets, SymbolClass
 };
 
 // analisi.cpp

@@ -75,6 +75,7 @@ std::shared_ptr<Istanza> Riproduzione::nuovaIstanza(const Piazza &p, int nascita
 
 void Riproduzione::accoda(const std::shared_ptr<Clip> &c, int f)
 {
+    suoni.entra(*this, c, f);
     if (!c->seq || f < 0 || f >= static_cast<int>(c->seq->fotogrammi.size()))
         return;
     for (const QByteArray &a : c->seq->fotogrammi[static_cast<size_t>(f)].azioni)
@@ -256,6 +257,8 @@ void Riproduzione::eseguiCoda()
 
 void Riproduzione::inizia()
 {
+    suoni.azzera();
+    suoni.congedo = false;
     coda.clear();
     creazioniPasso = 0;
     tick = 1;
@@ -264,6 +267,7 @@ void Riproduzione::inizia()
     radice->seq = std::shared_ptr<Sequenza>(std::shared_ptr<Sequenza>(), &film->principale);
     eseguiFotogramma(radice, 0, true);
     eseguiCoda();
+    suoni.sincronizza(*this);
 }
 
 void Riproduzione::passo()
@@ -274,6 +278,7 @@ void Riproduzione::passo()
     creazioniPasso = 0;
     avanzaAlbero(radice);
     eseguiCoda();
+    suoni.sincronizza(*this);
 }
 
 namespace {

@@ -72,6 +72,7 @@ struct Riproduzione {
     // loop in one script, or thousands of small scripts, cannot stall the face
     int64_t istruzioniPasso = 0;
     QImage tampone;  // reused by every draw of the same size
+    SuoniFilm suoni;
 
     // Films loop: a picture already drawn for the same state of the display
     // list, at the same size, is shown again instead of being drawn anew.

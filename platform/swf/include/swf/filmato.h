@@ -17,6 +17,8 @@ class QImage;
 namespace swf {
 
 struct Riproduzione;
+class MixerFilm;
+class UscitaSuono;
 
 class Filmato {
 public:
@@ -68,8 +70,20 @@ public:
     // Rough bytes held by this film (file data, decoded bitmaps, caches).
     qint64 memoriaUsata() const;
 
+    // Sound. The mixer of the game pulls the film's sound from uscitaSuono(),
+    // on its own thread. A film is loaded silent; impostaSuono(true) lets it
+    // sound, and the sounds of the frame it stands on start then. Off, every
+    // sound of the film stops at once.
+    std::shared_ptr<UscitaSuono> uscitaSuono() const;
+    void impostaSuono(bool attivo);
+    bool suonoAttivo() const;
+    // Until the film is rewound no new sound starts, its soundtrack stops and
+    // the sounds that play end the pass they are in.
+    void congedaSuoni();
+
 private:
     std::unique_ptr<Riproduzione> d;
+    std::shared_ptr<MixerFilm> mixer;
 };
 
 // What the calling thread has done for films so far, counted in work rather
