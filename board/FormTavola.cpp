@@ -185,6 +185,8 @@ void FormTavola::creaFacce()
                 ImpostaIndice(f, i);
                 f->setAccessibleName(QStringLiteral("Filmato"));
                 f->setAttribute(Qt::WA_TransparentForMouseEvents);
+                // heard when its pair is found, for its first run through only
+                f->ImpostaSonoro(Sonoro::PrimoGiro);
                 f->hide();
                 (lato == 1 ? Film1 : Film2)[i] = f;
             } else if (t == TipoFaccia::Immagine) {

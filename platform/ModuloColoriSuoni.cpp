@@ -2,46 +2,16 @@
 
 #include "platform/Casuale.h"
 #include "platform/Percorsi.h"
-
-#include <QAudioOutput>
-#include <QCoreApplication>
-#include <QFileInfo>
-#include <QMediaPlayer>
-#include <QUrl>
-
-#include <memory>
+#include "platform/audio/MotoreAudio.h"
 
 namespace {
 
-// The real channel: one player for the whole program, so each new sound
-// replaces the one in progress. With no sound card the player simply stays silent.
-class CanaleMultimedia final : public CanaleSuoni
+// The real channel: one voice of the game's mixer, so each new sound replaces
+// the one in progress. With no sound card the engine simply stays silent.
+class CanaleMotore final : public CanaleSuoni
 {
 public:
-    void suona(const QString &percorsoLocale) override
-    {
-        if (!QCoreApplication::instance())
-            return;
-        if (!player) {
-            player = std::make_unique<QMediaPlayer>();
-            uscita = std::make_unique<QAudioOutput>();
-            player->setAudioOutput(uscita.get());
-        }
-        player->stop();
-        const QFileInfo fi(percorsoLocale);
-        if (percorsoLocale.isEmpty() || !fi.isFile() || fi.size() == 0) {
-            player->setSource(QUrl());
-            return;
-        }
-        player->setSource(QUrl::fromLocalFile(fi.absoluteFilePath()));
-        player->play();
-    }
-
-    QString sorgente() const { return player ? player->source().toLocalFile() : QString(); }
-
-private:
-    std::unique_ptr<QMediaPlayer> player;
-    std::unique_ptr<QAudioOutput> uscita;
+    void suona(const QString &percorsoLocale) override { audio::MotoreAudio::istanza().canale().suona(percorsoLocale); }
 };
 
 CanaleSuoni *canaleDiProva = nullptr;
@@ -52,11 +22,10 @@ std::function<bool()> &suoniAttivi()
     return f;
 }
 
-CanaleMultimedia &canaleReale()
+CanaleMotore &canaleReale()
 {
-    // Never destroyed: the player must not outlive the application object.
-    static auto *reale = new CanaleMultimedia;
-    return *reale;
+    static CanaleMotore reale;
+    return reale;
 }
 
 CanaleSuoni &canale()
@@ -77,7 +46,7 @@ void suonaFisso(const char *nome)
 void ImpostaCanaleSuoni(CanaleSuoni *c) { canaleDiProva = c; }
 void ImpostaLetturaSuoni(std::function<bool()> f) { suoniAttivi() = std::move(f); }
 
-QString SorgenteSuonoInCorso() { return canaleReale().sorgente(); }
+QString SorgenteSuonoInCorso() { return audio::MotoreAudio::istanza().canale().inCorso(); }
 
 void SuonaFile(const QString &percorso) { canale().suona(PercorsoLocale(percorso)); }
 

@@ -168,6 +168,7 @@ void Filmato::setMovie(const QString &percorso)
         });
         if (!m->Carica(locale))
             return;
+        m->ImpostaSonoro(sonoro);
         m->Vista()->setGeometry(rect());
         m->Vista()->show();
         motore = std::move(m);
@@ -195,6 +196,19 @@ void Filmato::StopPlay()
     if (motore)
         motore->PrimoQuadro();
     riproduce = false;
+}
+
+void Filmato::ImpostaSonoro(Sonoro s)
+{
+    sonoro = s;
+    if (motore)
+        motore->ImpostaSonoro(s);
+}
+
+void Filmato::AvanzaFotogramma()
+{
+    if (motore)
+        motore->Passo();
 }
 
 void Filmato::resizeEvent(QResizeEvent *e)

@@ -7,6 +7,11 @@
 #include <functional>
 #include <memory>
 
+// When a film face is heard: always (the reward, the editors' previews), only
+// from its Play to the end of its first run through (a face on the board, so
+// that a board of found pairs makes no din), or never.
+enum class Sonoro { Sempre, PrimoGiro, Muto };
+
 // What plays a film inside a Filmato: one per kind of file. SWF movies get
 // their own later; animated images and video files have theirs here.
 class MotoreFilm
@@ -23,6 +28,8 @@ public:
     // when the file turns out unplayable it calls the function it was given.
     virtual bool InCaricamento() const { return false; }
     void QuandoFallisce(std::function<void()> f) { fallito = std::move(f); }
+    virtual void ImpostaSonoro(Sonoro) {}
+    virtual void Passo() {}       // one tick of its own clock
 
 protected:
     std::function<void()> fallito;
@@ -59,6 +66,13 @@ public:
     // face shows nothing until its first picture is ready.
     bool InCaricamento() const { return motore && motore->InCaricamento(); }
 
+    // Stopping or hiding a film silences it at once, whatever the setting.
+    void ImpostaSonoro(Sonoro s);
+    Sonoro SonoroImpostato() const { return sonoro; }
+
+    // One tick of the film's clock, as its timer gives it. For tests.
+    void AvanzaFotogramma();
+
 protected:
     void resizeEvent(QResizeEvent *e) override;
 
@@ -68,4 +82,5 @@ private:
     std::unique_ptr<MotoreFilm> motore;
     quint64 generazione = 0; // one a file set, so a late failure of an old load is ignored
     bool riproduce = false;
+    Sonoro sonoro = Sonoro::Sempre;
 };

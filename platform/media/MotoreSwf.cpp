@@ -1,6 +1,8 @@
 #include "platform/media/MotoreSwf.h"
 
+#include "platform/audio/MotoreAudio.h"
 #include "swf/filmato.h"
+#include "swf/suono.h"
 
 #include <QHideEvent>
 #include <QImage>
@@ -39,6 +41,8 @@ struct Caricamento {
 // film's background colour. The timer runs only while the face is shown and
 // playing, so a board full of resting faces costs nothing. Until the first
 // picture of its film is ready the view stays hidden: the face shows nothing.
+// Its sound is a source of the game's mixer for as long as the view lives,
+// heard only while the face plays and is shown.
 class VistaSwf final : public QWidget
 {
 public:
@@ -46,17 +50,41 @@ public:
     {
         setAttribute(Qt::WA_TransparentForMouseEvents);
         orologio.setTimerType(Qt::PreciseTimer);
-        QObject::connect(&orologio, &QTimer::timeout, this, [this] {
-            film.avanza();
-            update();
-        });
+        QObject::connect(&orologio, &QTimer::timeout, this, [this] { passo(); });
+        collegaSuono();
     }
-    ~VistaSwf() override { annulla(); }
+    ~VistaSwf() override
+    {
+        annulla();
+        film.impostaSuono(false);
+        audio::MotoreAudio::istanza().mixer().togli(sorgente.get());
+    }
+
+    void passo()
+    {
+        const int prima = film.fotogrammaCorrente();
+        // the last frame goes back to the first: the first run through ends
+        // before frame 1 starts its sounds again
+        if (sonoro == Sonoro::PrimoGiro && primoGiro && prima >= film.numeroFotogrammi() && film.inRiproduzione())
+            chiudiPrimoGiro();
+        film.avanza();
+        // or a script took it back to a frame it has shown
+        if (sonoro == Sonoro::PrimoGiro && primoGiro && film.fotogrammaCorrente() <= prima)
+            chiudiPrimoGiro();
+        update();
+    }
+    void impostaSonoro(Sonoro s)
+    {
+        sonoro = s;
+        aggiornaSuono();
+    }
 
     void carica(const QString &percorso, std::function<void()> fallito)
     {
         annulla();
         inCaricamento = true;
+        riavvolto = true;
+        primoGiro = false;
         const auto stato = std::make_shared<Caricamento>();
         attuale = stato;
         update();
@@ -104,20 +132,30 @@ public:
     }
     void suona()
     {
+        if (riavvolto) {
+            riavvolto = false;
+            primoGiro = true;
+        }
         film.riprendi();
         inRiproduzione = true;
+        aggiornaSuono();
         aggiornaOrologio();
     }
     void ferma()
     {
         film.ferma();
         inRiproduzione = false;
+        aggiornaSuono();
         aggiornaOrologio();
     }
     void primoQuadro()
     {
+        inRiproduzione = false;
+        aggiornaSuono();
         if (!inCaricamento)
             film.riavvolgi();
+        riavvolto = true;
+        primoGiro = false;
         ferma();
         update();
     }
@@ -135,11 +173,13 @@ protected:
     void showEvent(QShowEvent *e) override
     {
         QWidget::showEvent(e);
+        aggiornaSuono();
         aggiornaOrologio();
     }
     void hideEvent(QHideEvent *e) override
     {
         QWidget::hideEvent(e);
+        aggiornaSuono();
         aggiornaOrologio();
     }
 
@@ -159,13 +199,42 @@ private:
         inCaricamento = false;
         setAttribute(Qt::WA_OpaquePaintEvent);
         film = std::move(nuovo);
+        collegaSuono();
         if (inRiproduzione)
             film.riprendi();
         else
             film.ferma();
+        aggiornaSuono();
         orologio.setInterval(std::max(1, static_cast<int>(std::lround(1000.0 / film.fotogrammiAlSecondo()))));
         aggiornaOrologio();
         update();
+    }
+    // the mixer reads the sound of the film the view holds now
+    void collegaSuono()
+    {
+        audio::Mixer &mixer = audio::MotoreAudio::istanza().mixer();
+        if (sorgente)
+            mixer.togli(sorgente.get());
+        std::shared_ptr<swf::UscitaSuono> uscita = film.uscitaSuono();
+        sorgente = std::make_shared<audio::SorgenteFunzione>([uscita](float *stereo, int n, int hz) {
+            if (uscita)
+                uscita->mescola(stereo, n, hz);
+        });
+        mixer.aggiungi(sorgente);
+    }
+    void chiudiPrimoGiro()
+    {
+        primoGiro = false;
+        film.congedaSuoni();
+    }
+    void aggiornaSuono()
+    {
+        // after the first run through the film itself lets no new sound start
+        film.impostaSuono(inRiproduzione && isVisible() && sonoro != Sonoro::Muto &&
+                          (sonoro != Sonoro::PrimoGiro || !riavvolto));
+        // a film of one frame is through its first run once its sounds start
+        if (sonoro == Sonoro::PrimoGiro && primoGiro && film.suonoAttivo() && film.numeroFotogrammi() <= 1)
+            chiudiPrimoGiro();
     }
     void aggiornaOrologio()
     {
@@ -181,6 +250,10 @@ private:
     std::shared_ptr<Caricamento> attuale;
     bool inCaricamento = false;
     bool inRiproduzione = false;
+    Sonoro sonoro = Sonoro::Sempre;
+    bool riavvolto = true;   // resting on frame 1 since the load or StopPlay
+    bool primoGiro = false;  // played from there, not yet back to a frame shown
+    std::shared_ptr<audio::Sorgente> sorgente;
 };
 
 class MotoreSwfFilm final : public MotoreFilm
@@ -201,6 +274,8 @@ public:
     void PrimoQuadro() override { vista->primoQuadro(); }
     QWidget *Vista() override { return vista; }
     bool InCaricamento() const override { return vista->caricando(); }
+    void ImpostaSonoro(Sonoro s) override { vista->impostaSonoro(s); }
+    void Passo() override { vista->passo(); }
 
 private:
     VistaSwf *vista;

@@ -582,21 +582,32 @@ inline QByteArray bloccoFlusso(const QByteArray &dati) { return tag(19, dati, tr
 // The first sample of frame k (0-based) of a soundtrack.
 inline int64_t inizioFotogramma(int k, int hz, double fps) { return static_cast<int64_t>(std::floor(k * hz / fps)); }
 
-// A soundtrack in PCM (formato 3 or 0) or ADPCM (1): one block a frame,
-// each frame's own samples, and a frame shown after each block.
+// The blocks of a soundtrack in PCM (formato 3 or 0) or ADPCM (1), one a
+// frame, each with that frame's own samples; an empty one when none are left.
+inline std::vector<QByteArray> blocchiFlusso(int formato, const std::vector<int16_t> &c, int canali, int hz, double fps,
+                                             int fotogrammi, int bitAdpcm = 4, bool bigEndian = false, bool ottoBit = false)
+{
+    std::vector<QByteArray> o;
+    const int64_t n = static_cast<int64_t>(c.size()) / canali;
+    for (int k = 0; k < fotogrammi; ++k) {
+        const int64_t a = std::min(n, inizioFotogramma(k, hz, fps)), b = std::min(n, inizioFotogramma(k + 1, hz, fps));
+        if (b <= a) {
+            o.emplace_back();
+            continue;
+        }
+        const std::vector<int16_t> pezzo(c.begin() + a * canali, c.begin() + b * canali);
+        o.push_back(bloccoFlusso(formato == 1 ? adpcm(pezzo, canali, bitAdpcm) : ottoBit ? pcm8(pezzo) : pcm16(pezzo, bigEndian)));
+    }
+    return o;
+}
+
+// The head, then each frame's block and the frame shown.
 inline QByteArray fotogrammiConFlusso(int formato, const std::vector<int16_t> &c, int canali, int hz, double fps,
                                       int fotogrammi, int bitAdpcm = 4, bool bigEndian = false, bool ottoBit = false)
 {
     QByteArray o = testaFlusso(formato, hz, canali == 2, static_cast<int>(std::lround(hz / fps)), 0, !ottoBit);
-    const int64_t n = static_cast<int64_t>(c.size()) / canali;
-    for (int k = 0; k < fotogrammi; ++k) {
-        const int64_t a = std::min(n, inizioFotogramma(k, hz, fps)), b = std::min(n, inizioFotogramma(k + 1, hz, fps));
-        if (b > a) {
-            const std::vector<int16_t> pezzo(c.begin() + a * canali, c.begin() + b * canali);
-            o += bloccoFlusso(formato == 1 ? adpcm(pezzo, canali, bitAdpcm) : ottoBit ? pcm8(pezzo) : pcm16(pezzo, bigEndian));
-        }
-        o += mostra();
-    }
+    for (const QByteArray &b : blocchiFlusso(formato, c, canali, hz, fps, fotogrammi, bitAdpcm, bigEndian, ottoBit))
+        o += b + mostra();
     return o;
 }
 

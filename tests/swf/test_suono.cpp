@@ -33,9 +33,9 @@ std::vector<int16_t> tono(int fotogrammi, int hz, int canali, double ampiezza = 
     return c;
 }
 
-// What the mixer should give at output frame i: the source read at its own
-// rate, between two samples a straight line.
-double atteso(const std::vector<int16_t> &c, int canali, int hz, double pos, int k)
+// What the mixer should give at a position in the source, in frames of the
+// source: between two samples a straight line.
+double atteso(const std::vector<int16_t> &c, int canali, double pos, int k)
 {
     const int64_t n = static_cast<int64_t>(c.size()) / canali;
     const auto a = static_cast<int64_t>(pos);
@@ -96,7 +96,7 @@ struct Banco {
         double segnale = 0, rumore = 0;
         for (int64_t i = 0; i < n && da + i < qui(); ++i)
             for (int k = 0; k < 2; ++k) {
-                const double r = atteso(c, canali, hz, sorgenteDa + static_cast<double>(i) * hz / kUscita, canali == 2 ? k : 0);
+                const double r = atteso(c, canali, sorgenteDa + static_cast<double>(i) * hz / kUscita, canali == 2 ? k : 0);
                 const double e = campione(da + i, k) - r;
                 segnale += r * r;
                 rumore += e * e;

@@ -58,7 +58,7 @@ void SuoniFilm::sincronizza(Riproduzione &r)
 {
     for (auto it = tracce.begin(); it != tracce.end();) {
         auto c = it->clip.lock();
-        if (!c || c->seq != nullptr && c->seq->flusso.get() != it->flusso.get()) {
+        if (!c || (c->seq && c->seq->flusso.get() != it->flusso.get())) {
             if (mixer)
                 mixer->fermaFlusso(it->chiave);
             it = tracce.erase(it);
