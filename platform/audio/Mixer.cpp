@@ -56,8 +56,10 @@ void Mixer::leggi(int16_t *stereo, int fotogrammi)
 {
     std::lock_guard l(lettura);
     mescola(fotogrammi);
-    for (size_t i = 0; i < tampone.size(); ++i)
-        stereo[i] = static_cast<int16_t>(std::clamp(tampone[i] * 32768.0f, -32768.0f, 32767.0f));
+    for (size_t i = 0; i < tampone.size(); ++i) {
+        const float v = tampone[i] * 32768.0f;
+        stereo[i] = v == v ? static_cast<int16_t>(std::clamp(v, -32768.0f, 32767.0f)) : 0;  // a NaN is silence
+    }
 }
 
 void Mixer::leggi(float *stereo, int fotogrammi)
@@ -65,7 +67,7 @@ void Mixer::leggi(float *stereo, int fotogrammi)
     std::lock_guard l(lettura);
     mescola(fotogrammi);
     for (size_t i = 0; i < tampone.size(); ++i)
-        stereo[i] = std::clamp(tampone[i], -1.0f, 1.0f);
+        stereo[i] = tampone[i] == tampone[i] ? std::clamp(tampone[i], -1.0f, 1.0f) : 0.0f;
 }
 
 } // namespace audio

@@ -1,6 +1,8 @@
-// libFuzzer entry: any bytes through the reader, a few ticks and a small draw.
+// libFuzzer entry: any bytes through the reader, a few ticks with their
+// sound mixed, a small draw.
 
 #include "swf/filmato.h"
+#include "swf/suono.h"
 
 #include <QImage>
 #include <QPainter>
@@ -13,8 +15,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     swf::Filmato f;
     if (!f.caricaDati(QByteArray(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size))))
         return 0;
-    for (int i = 0; i < 4; ++i)
+    // the sounds are decoded at load; here they start, loop and mix
+    f.impostaSuono(true);
+    f.riprendi();
+    float mix[2 * 512] = {};
+    for (int i = 0; i < 4; ++i) {
         f.avanza();
+        f.uscitaSuono()->mescola(mix, 512, i % 2 ? 44100 : 48000);
+    }
     QImage img = f.immagine(QSize(48, 48), size % 2 == 0);
     (void)img;
     // the faces' path: drawn twice into a painter, the second time from the picture cache
@@ -24,5 +32,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         f.disegna(p, QRectF(0, 0, 40, 30), true);
     }
     f.vaiAlFotogramma(1);
+    f.uscitaSuono()->mescola(mix, 512, 22050);
+    f.congedaSuoni();
+    f.impostaSuono(false);
     return 0;
 }
