@@ -22,33 +22,44 @@ namespace audio {
 namespace {
 bool senzaDispositivo = false;
 constexpr int kMillisecondiBuffer = 40;
+constexpr int kMillisecondiPasso = 10;
 
-// What Qt Multimedia says while the device is opened: kept for the one line
-// the engine writes, instead of being printed on its own. The interface
-// thread waits for the opening meanwhile, so nothing else is lost.
+// What Qt Multimedia says while the device is looked for: kept for the one
+// line the engine writes, instead of being printed on its own.
 QString detto;
 void tieniMessaggio(QtMsgType, const QMessageLogContext &, const QString &m)
 {
     if (detto.isEmpty())
         detto = m;
 }
+
+MotoreAudio *motoreCreato = nullptr;
 } // namespace
 
-// Lives in the engine's thread: the sink pulls the mixer through this device.
-class Dispositivo final : public QIODevice
+// Lives in the engine's thread. Every few milliseconds it tops the sink's
+// short buffer up with what the mixer gives: the game writes to the device,
+// so a sound asked for is heard within the buffer's length.
+class Dispositivo final : public QObject
 {
 public:
     explicit Dispositivo(Mixer &m) : mixer(m) {}
 
-    // In the engine's thread.
-    void avvia()
+    // In the engine's thread, with the device and format the interface
+    // thread found, or the reason there is none.
+    void avvia(const QAudioDevice &uscita, const QAudioFormat &f, const QString &perche)
     {
         if (const QByteArray tee = qgetenv("COPPIE_AUDIO_WAV"); !tee.isEmpty()) {
             if (!wav.apri(QString::fromLocal8Bit(tee), mixer.frequenza()))
                 avvisa(QStringLiteral("cannot write %1").arg(QString::fromLocal8Bit(tee)));
         }
-        apriSink();
-        if (!sink && wav.aperto())
+        if (uscita.isNull()) {
+            descrivi(perche);
+            avvisa(perche);
+        } else {
+            apriSink(uscita, f);
+        }
+        // no device: a capture, or a benchmark, still wants the mixer read as one would
+        if (!sink && (wav.aperto() || qEnvironmentVariableIsSet("COPPIE_AUDIO_OROLOGIO")))
             avviaOrologio();
     }
 
@@ -62,35 +73,24 @@ public:
         delete orologio;
         orologio = nullptr;
         aperto = false;
-        close();
     }
 
-    bool aperto = false;
-    QString descrizione;
+    std::atomic<bool> aperto{false};
+    QString descrizioneDi() const
+    {
+        std::lock_guard l(mOsservatore);
+        return descrizione;
+    }
     std::atomic<int> inAttesa{0};
-    std::mutex mOsservatore;
+    mutable std::mutex mOsservatore;  // the observer and the description
     std::function<void(const int16_t *, int)> osservatore;
 
-protected:
-    qint64 readData(char *data, qint64 massimo) override
-    {
-        const qint64 perFotogramma = formato.bytesPerFrame();
-        if (perFotogramma <= 0)
-            return 0;
-        const int fotogrammi = static_cast<int>(std::min<qint64>(massimo / perFotogramma, 1 << 16));
-        if (fotogrammi <= 0)
-            return 0;
-        leggiMixer(fotogrammi);
-        scriviFormato(data, fotogrammi);
-        if (sink)
-            inAttesa = static_cast<int>((sink->bufferSize() - sink->bytesFree()) / perFotogramma);
-        return fotogrammi * perFotogramma;
-    }
-    qint64 writeData(const char *, qint64) override { return -1; }
-    qint64 bytesAvailable() const override { return std::numeric_limits<qint32>::max() + QIODevice::bytesAvailable(); }
-    bool isSequential() const override { return true; }
-
 private:
+    void descrivi(const QString &d)
+    {
+        std::lock_guard l(mOsservatore);
+        descrizione = d;
+    }
     void avvisa(const QString &perche)
     {
         if (avvisato)
@@ -99,36 +99,9 @@ private:
         std::fprintf(stderr, "Coppie vivaci: %s; the game goes on without sound\n", qPrintable(perche));
     }
 
-    void apriSink()
+    void apriSink(const QAudioDevice &uscita, const QAudioFormat &f)
     {
-        detto.clear();
-        const QtMessageHandler prima = qInstallMessageHandler(tieniMessaggio);
-        apriSinkQt();
-        qInstallMessageHandler(prima);
-    }
-
-    void apriSinkQt()
-    {
-        const QAudioDevice uscita = QMediaDevices::defaultAudioOutput();
-        if (uscita.isNull()) {
-            descrizione = detto.isEmpty() ? QStringLiteral("no sound output") : QStringLiteral("no sound output (%1)").arg(detto);
-            avvisa(descrizione);
-            return;
-        }
-        QAudioFormat f;
-        f.setSampleRate(44100);
-        f.setChannelCount(2);
-        f.setSampleFormat(QAudioFormat::Int16);
-        if (!uscita.isFormatSupported(f)) {
-            f = uscita.preferredFormat();
-            if (f.sampleFormat() != QAudioFormat::Int16 && f.sampleFormat() != QAudioFormat::Float)
-                f.setSampleFormat(QAudioFormat::Int16);
-            if (f.channelCount() < 1)
-                f.setChannelCount(2);
-        }
         formato = f;
-        mixer.impostaFrequenza(f.sampleRate());
-        open(QIODevice::ReadOnly | QIODevice::Unbuffered);
         sink = new QAudioSink(uscita, f);
         sink->setBufferSize(f.bytesForDuration(kMillisecondiBuffer * 1000));
         QObject::connect(sink, &QAudioSink::stateChanged, sink, [this](QAudio::State s) {
@@ -137,20 +110,41 @@ private:
                 aperto = false;
             }
         });
-        sink->start(this);
-        if (sink->error() != QAudio::NoError) {
+        scrittura = sink->start();
+        if (!scrittura || sink->error() != QAudio::NoError) {
             avvisa(QStringLiteral("cannot open %1 (error %2)").arg(uscita.description()).arg(int(sink->error())));
             delete sink;
             sink = nullptr;
-            close();
+            scrittura = nullptr;
             return;
         }
         aperto = true;
-        descrizione = QStringLiteral("%1, %2 Hz, %3 channels, buffer %4 ms")
-                          .arg(uscita.description())
-                          .arg(f.sampleRate())
-                          .arg(f.channelCount())
-                          .arg(f.durationForBytes(sink->bufferSize()) / 1000);
+        QThread::currentThread()->setPriority(QThread::TimeCriticalPriority);
+        orologio = new QTimer;
+        orologio->setTimerType(Qt::PreciseTimer);
+        orologio->setInterval(kMillisecondiPasso);
+        QObject::connect(orologio, &QTimer::timeout, orologio, [this] { riempi(); });
+        riempi();
+        orologio->start();
+        descrivi(QStringLiteral("%1, %2 Hz, %3 channels, buffer %4 ms")
+                     .arg(uscita.description())
+                     .arg(f.sampleRate())
+                     .arg(f.channelCount())
+                     .arg(f.durationForBytes(sink->bufferSize()) / 1000));
+    }
+
+    // As much as the sink has room for: what it holds plays first.
+    void riempi()
+    {
+        const qint64 perFotogramma = formato.bytesPerFrame();
+        const int fotogrammi = static_cast<int>(std::min<qint64>(sink->bytesFree() / perFotogramma, 1 << 15));
+        if (fotogrammi <= 0)
+            return;
+        inAttesa = static_cast<int>((sink->bufferSize() - sink->bytesFree()) / perFotogramma);
+        leggiMixer(fotogrammi);
+        uscitaFormato.resize(static_cast<size_t>(fotogrammi * perFotogramma));
+        scriviFormato(uscitaFormato.data(), fotogrammi);
+        scrittura->write(uscitaFormato.data(), fotogrammi * perFotogramma);
     }
 
     // No device, but a capture: the mixer is read as a device would read it.
@@ -172,7 +166,7 @@ private:
             leggiMixer(n);
         });
         orologio->start();
-        descrizione += QStringLiteral("; captured at the pace of a device");
+        descrivi(descrizioneDi() + QStringLiteral("; read every 10 ms at the pace of a device"));
     }
 
     void leggiMixer(int fotogrammi)
@@ -203,12 +197,15 @@ private:
     Mixer &mixer;
     QAudioFormat formato;
     QAudioSink *sink = nullptr;
+    QIODevice *scrittura = nullptr;
+    std::vector<char> uscitaFormato;
     QTimer *orologio = nullptr;
     QElapsedTimer tempo;
     int64_t letti = 0;
     std::vector<int16_t> stereo;
     ScrittoreWav wav;
     bool avvisato = false;
+    QString descrizione;
 };
 
 MotoreAudio &MotoreAudio::istanza()
@@ -225,15 +222,40 @@ MotoreAudio::MotoreAudio(bool conDispositivo) : canale_(std::make_shared<CanaleG
     mixer_.aggiungi(canale_);
     if (!conDispositivo)
         return;
+    // Qt Multimedia is asked for the device here, on the interface thread, as
+    // it expects; the sink is then opened and fed in the engine's own thread,
+    // and nobody waits for it.
+    detto.clear();
+    const QtMessageHandler prima = qInstallMessageHandler(tieniMessaggio);
+    const QAudioDevice uscita = QMediaDevices::defaultAudioOutput();
+    qInstallMessageHandler(prima);
+    QAudioFormat f;
+    f.setSampleRate(44100);
+    f.setChannelCount(2);
+    f.setSampleFormat(QAudioFormat::Int16);
+    if (!uscita.isNull() && !uscita.isFormatSupported(f)) {
+        f = uscita.preferredFormat();
+        if (f.sampleFormat() != QAudioFormat::Int16 && f.sampleFormat() != QAudioFormat::Float)
+            f.setSampleFormat(QAudioFormat::Int16);
+        if (f.channelCount() < 1)
+            f.setChannelCount(2);
+    }
+    if (!uscita.isNull())
+        mixer_.impostaFrequenza(f.sampleRate());
+    const QString perche = detto.isEmpty() ? QStringLiteral("no sound output") : QStringLiteral("no sound output (%1)").arg(detto);
     auto *filo = new QThread;
     filo->setObjectName(QStringLiteral("audio"));
     dispositivo = new Dispositivo(mixer_);
     dispositivo->moveToThread(filo);
     filo->start();
-    // the device is opened in its own thread, and the caller waits for it: so
-    // the format is known before the first sound is mixed
-    QMetaObject::invokeMethod(dispositivo, [d = dispositivo] { d->avvia(); }, Qt::BlockingQueuedConnection);
+    QMetaObject::invokeMethod(dispositivo, [d = dispositivo, uscita, f, perche] { d->avvia(uscita, f, perche); }, Qt::QueuedConnection);
+    // the sink stops before Qt Multimedia goes away at the end of the program
+    motoreCreato = this;
     QObject::connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, QCoreApplication::instance(), [this] { chiudi(); });
+    qAddPostRoutine([] {
+        if (motoreCreato)
+            motoreCreato->chiudi();
+    });
 }
 
 void MotoreAudio::chiudi()
@@ -247,11 +269,18 @@ void MotoreAudio::chiudi()
     filo->wait();
 }
 
+void MotoreAudio::attendiAvvio()
+{
+    // the opening was queued first: a call queued after it returns once it is done
+    if (dispositivo && !chiuso)
+        QMetaObject::invokeMethod(dispositivo, [] {}, Qt::BlockingQueuedConnection);
+}
+
 bool MotoreAudio::dispositivoAperto() const { return dispositivo && !chiuso && dispositivo->aperto; }
 
 QString MotoreAudio::descrizione() const
 {
-    return dispositivo ? dispositivo->descrizione : QStringLiteral("no device (the mixer is read by its caller)");
+    return dispositivo ? dispositivo->descrizioneDi() : QStringLiteral("no device (the mixer is read by its caller)");
 }
 
 int MotoreAudio::fotogrammiInAttesa() const { return dispositivo ? dispositivo->inAttesa.load() : 0; }

@@ -7,7 +7,8 @@
 // With no sound card or no sound server the engine stays silent: one line on
 // the first failure, and the game goes on. COPPIE_AUDIO_WAV=file.wav writes
 // everything the mixer plays to that file as well (with no device, the mixer
-// is then read at the pace of a real one, so the capture is the same).
+// is then read at the pace of a real one, so the capture is the same; so it
+// is with COPPIE_AUDIO_OROLOGIO set, for benchmarks on machines without sound).
 
 #include "platform/audio/CanaleGioco.h"
 #include "platform/audio/Mixer.h"
@@ -32,6 +33,9 @@ public:
     Mixer &mixer() { return mixer_; }
     CanaleGioco &canale() { return *canale_; }
 
+    // The device is opened in the engine's thread; this waits for that. For
+    // benchmarks and tools: the game never waits for it.
+    void attendiAvvio();
     bool dispositivoAperto() const;
     QString descrizione() const;  // the device and format, or why there is none
     // Frames the device holds that are not heard yet, as of its last read.

@@ -603,7 +603,7 @@ public:
     int larghezza() const { return w * 20; }
     int altezza() const { return h * 20; }
 
-    QByteArray film(int fps, int fotogrammi) const
+    QByteArray film(int fps, int fotogrammi, const Colonna &suono) const
     {
         QByteArray t;
         {
@@ -613,6 +613,11 @@ public:
         }
         t += swftest::sfondo(fondo.r, fondo.g, fondo.b);
         t += definizioni;
+        std::vector<QByteArray> blocchi;
+        if (!suono.campioni.empty()) {
+            t += swftest::testaFlusso(1, suono.frequenza, suono.canali == 2, suono.frequenza / fps);
+            blocchi = swftest::blocchiFlusso(1, suono.campioni, suono.canali, suono.frequenza, fps, fotogrammi, 4);
+        }
         std::vector<QTransform> ultime(attori.size());
         std::vector<int> ultimeAlfa(attori.size(), -1);
         for (int f = 0; f < fotogrammi; ++f) {
@@ -648,6 +653,8 @@ public:
                 ultime[i] = m;
                 ultimeAlfa[i] = alfa;
             }
+            if (static_cast<size_t>(f) < blocchi.size())
+                t += blocchi[static_cast<size_t>(f)];
             t += swftest::mostra();
         }
         // header: version 8, stage, frame rate 8.8, frame count
@@ -1550,7 +1557,7 @@ QByteArray creaFilm(const QString &nome, const Opzioni &o)
         scenario(s, v->scenario, 0);
         const double k = std::min(w, h) / 200.0;
         v->disegna(s, posto(w * 10, h * 10, k), 0, 0);
-        return comprimi(s.film(12, o.fotogrammi > 0 ? o.fotogrammi : 24), o.compressione);
+        return comprimi(s.film(12, o.fotogrammi > 0 ? o.fotogrammi : 24, o.suono), o.compressione);
     }
     for (const Premio &p : premi()) {
         if (QLatin1String(p.nome) != nome)
@@ -1562,7 +1569,7 @@ QByteArray creaFilm(const QString &nome, const Opzioni &o)
         for (const auto &[sogg, x, y, scala, fase, variante] : p.figure)
             if (const VoceSoggetto *v = trova(QLatin1String(sogg)))
                 v->disegna(s, posto(w * 20 * x, h * 20 * y, k * scala), fase, variante);
-        return comprimi(s.film(10, o.fotogrammi > 0 ? o.fotogrammi : 30), o.compressione);
+        return comprimi(s.film(10, o.fotogrammi > 0 ? o.fotogrammi : 30, o.suono), o.compressione);
     }
     return {};
 }
@@ -1591,6 +1598,36 @@ QByteArray pallaCheRimbalza(int fotogrammi, int w, int h, Compressione c)
         t += mostra();
     }
     return comprimi(film(t, fotogrammi, w, h), c);
+}
+
+bool leggiWav(const QByteArray &file, Colonna &c)
+{
+    auto u16 = [&](qsizetype p) { return static_cast<uint16_t>(static_cast<uint8_t>(file[p]) | (static_cast<uint8_t>(file[p + 1]) << 8)); };
+    auto u32 = [&](qsizetype p) { return static_cast<uint32_t>(u16(p)) | (static_cast<uint32_t>(u16(p + 2)) << 16); };
+    if (file.size() < 12 || !file.startsWith("RIFF") || file.mid(8, 4) != "WAVE")
+        return false;
+    bool formato = false;
+    for (qsizetype p = 12; p + 8 <= file.size();) {
+        const QByteArray id = file.mid(p, 4);
+        const qsizetype n = u32(p + 4);
+        const qsizetype dati = p + 8;
+        if (n < 0 || dati + n > file.size())
+            return false;
+        if (id == "fmt " && n >= 16) {
+            if (u16(dati) != 1 || u16(dati + 14) != 16)
+                return false;
+            c.canali = u16(dati + 2);
+            c.frequenza = static_cast<int>(u32(dati + 4));
+            formato = c.canali == 1 || c.canali == 2;
+        } else if (id == "data" && formato) {
+            c.campioni.resize(static_cast<size_t>(n / 2));
+            for (qsizetype i = 0; i < n / 2; ++i)
+                c.campioni[static_cast<size_t>(i)] = static_cast<int16_t>(u16(dati + 2 * i));
+            return true;
+        }
+        p = dati + n + (n & 1);
+    }
+    return false;
 }
 
 } // namespace swfanim

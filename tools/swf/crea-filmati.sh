@@ -1,11 +1,15 @@
 #!/bin/bash
 # Makes again every film of the game and the film sets that ship with it:
-#   app/programma/swf/premio_*.swf            reward films
+#   app/programma/swf/premio_*.swf            reward films, each with a short
+#                                             cheerful tune (tools/crea-suoni.sh)
 #   app/programma/memorypronti/swf/film_*.swf faces of the film sets
 #   app/programma/memorypronti/suoni/film_*.wav  the words, spoken (espeak-ng, sox)
 #   app/programma/memorypronti/ii/film_*.ass, pi/film_*.aps   the sets
 # Builds swf_scrivi first when SWF_SCRIVI doesn't name one.
+# With --premi it makes again the reward films only (no espeak-ng needed).
 set -euo pipefail
+solo_premi=0
+[[ "${1:-}" == "--premi" ]] && solo_premi=1
 
 radice=$(cd "$(dirname "$0")/../.." && pwd)
 programma="$radice/app/programma"
@@ -19,18 +23,31 @@ if [[ -z "${SWF_SCRIVI:-}" ]]; then
     ninja -C "$build" -j2 swf_scrivi >/dev/null
     SWF_SCRIVI=$(find "$build" -type f -name swf_scrivi -perm -u+x | head -n 1)
 fi
-for programmaNecessario in espeak-ng sox; do
+necessari=(sox bc)
+[[ $solo_premi == 1 ]] || necessari+=(espeak-ng)
+for programmaNecessario in "${necessari[@]}"; do
     command -v "$programmaNecessario" >/dev/null || { echo "missing: $programmaNecessario" >&2; exit 1; }
 done
 
-mkdir -p "$programma/swf" "$pronti/swf" "$pronti/suoni" "$pronti/ii" "$pronti/pi"
-rm -f "$programma"/swf/premio_*.swf "$pronti"/swf/film_*.swf "$pronti"/suoni/film_*.wav \
-      "$pronti"/ii/film_*.ass "$pronti"/pi/film_*.aps
+mkdir -p "$programma/swf"
+rm -f "$programma"/swf/premio_*.swf
 
-# Reward films: every scene of the writer.
+# Reward films: every scene of the writer, with its tune as the soundtrack.
+musiche=$(mktemp -d)
+trap 'rm -rf "$musiche"' EXIT
+bash "$radice/tools/crea-suoni.sh" --premi "$musiche" >/dev/null
 for nome in $("$SWF_SCRIVI" --list | awk '$1 == "premio" { print $2 }'); do
-    "$SWF_SCRIVI" "$programma/swf/$nome.swf" "$nome" --cws >/dev/null
+    suono=()
+    [[ -f "$musiche/$nome.wav" ]] && suono=(--sound "$musiche/$nome.wav")
+    "$SWF_SCRIVI" "$programma/swf/$nome.swf" "$nome" --cws "${suono[@]}" >/dev/null
 done
+if [[ $solo_premi == 1 ]]; then
+    echo "reward films: $(ls "$programma"/swf/premio_*.swf | wc -l)"
+    exit 0
+fi
+
+mkdir -p "$pronti/swf" "$pronti/suoni" "$pronti/ii" "$pronti/pi"
+rm -f "$pronti"/swf/film_*.swf "$pronti"/suoni/film_*.wav "$pronti"/ii/film_*.ass "$pronti"/pi/film_*.aps
 
 # A word spoken in Italian: mono 22050 Hz, 16 bit, silence trimmed, normalised.
 parla() {

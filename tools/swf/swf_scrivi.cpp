@@ -1,7 +1,7 @@
 // Writes the game's films: one named animation, or the bouncing ball the
 // renderer was first tried with.
 //
-// usage: swf_scrivi OUT.swf [NAME] [--fws|--cws|--zws] [--frames N] [--size WxH]
+// usage: swf_scrivi OUT.swf [NAME] [--fws|--cws|--zws] [--frames N] [--size WxH] [--sound FILE.wav]
 //        swf_scrivi --list            names of subjects, then of reward scenes
 //        swf_scrivi --word NAME       the Italian word of a subject
 //        swf_scrivi --phrase NAME     the word with its article
@@ -40,7 +40,7 @@ int main(int argc, char **argv)
         return 0;
     }
     if (a.size() < 2) {
-        std::fprintf(stderr, "usage: %s OUT.swf [NAME] [--fws|--cws|--zws] [--frames N] [--size WxH]\n", argv[0]);
+        std::fprintf(stderr, "usage: %s OUT.swf [NAME] [--fws|--cws|--zws] [--frames N] [--size WxH] [--sound FILE.wav]\n", argv[0]);
         return 2;
     }
     swfanim::Opzioni o;
@@ -59,6 +59,13 @@ int main(int argc, char **argv)
             if (p.size() == 2) {
                 o.larghezza = std::clamp(p[0].toInt(), 1, 2000);
                 o.altezza = std::clamp(p[1].toInt(), 1, 2000);
+            }
+        } else if (a[i] == "--sound" && i + 1 < a.size()) {
+            // the film's soundtrack: a 16-bit WAV, as sox makes it
+            QFile w(a[++i]);
+            if (!w.open(QIODevice::ReadOnly) || !swfanim::leggiWav(w.readAll(), o.suono)) {
+                std::fprintf(stderr, "not a 16-bit PCM WAV file: %s\n", qPrintable(a[i]));
+                return 2;
             }
         } else if (!a[i].startsWith("--"))
             nome = a[i];
