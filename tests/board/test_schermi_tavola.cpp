@@ -135,6 +135,9 @@ private slots:
         }
         for (const QString &n : assenti)
             QVERIFY2(f.findChildren<QWidget *>(n).isEmpty(), qPrintable(n));
+        // a face is heard when its pair is found, for its first run through only
+        for (Filmato *film : f.findChildren<Filmato *>())
+            QCOMPARE(film->SonoroImpostato(), Sonoro::PrimoGiro);
         QCOMPARE(f.findChildren<QWidget *>(QStringLiteral("FramePosto")).size(), 24);
         QCOMPARE(f.objectName(), tavola);
     }
@@ -432,13 +435,16 @@ private slots:
         QDir().mkpath(amb->Programma() + QStringLiteral("/swf"));
         AmbienteProva::Scrivi(amb->Programma() + QStringLiteral("/swf/unico.swf"), "FWS");
         QString film;
+        bool sempre = false;  // the reward film is heard as long as it plays
         QTimer::singleShot(5, [&] {
             auto *p = qobject_cast<FormPremio *>(Schermi::Riferimento(QStringLiteral("FormPremio")));
             film = p->ShockwaveFlash1->Movie();
+            sempre = p->ShockwaveFlash1->SonoroImpostato() == Sonoro::Sempre;
             QTimer::singleShot(30, [p] { p->Command1->click(); });
         });
         Schermi::MostraModale(QStringLiteral("FormPremio"));
         QVERIFY(film.endsWith(QLatin1String("\\swf\\unico.swf")));
+        QVERIFY(sempre);
     }
 
     void aRewardWithNoFilmsShowsItsColourAndButtonAndNoMessage()
