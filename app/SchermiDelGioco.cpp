@@ -3,6 +3,7 @@
 #include "board/RegistraBoard.h"
 #include "menu/RegistraMenu.h"
 #include "sets/RegistraSets.h"
+#include "settings/RegistraSettings.h"
 
 void RegistraSchermiDelGioco()
 {
@@ -10,4 +11,5 @@ void RegistraSchermiDelGioco()
     RegistraSchermiMenu();
     RegistraSchermiBoard();
     RegistraSchermiSets();
+    RegistraSchermiSettings();
 }

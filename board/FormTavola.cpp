@@ -24,23 +24,6 @@
 
 static void caricaRisorseBoard() { Q_INIT_RESOURCE(board); }
 
-FormaRettangolo::FormaRettangolo(QWidget *parent) : QWidget(parent)
-{
-    setAttribute(Qt::WA_TransparentForMouseEvents);
-    hide();
-}
-
-void FormaRettangolo::paintEvent(QPaintEvent *)
-{
-    QPainter p(this);
-    const int s = qMax(1, spessore);
-    QPen pen(colore, s);
-    pen.setJoinStyle(Qt::MiterJoin);
-    p.setPen(pen);
-    p.setBrush(Qt::NoBrush);
-    p.drawRect(QRectF(rect()).adjusted(s / 2.0, s / 2.0, -s / 2.0, -s / 2.0));
-}
-
 PictureScansioneWidget::PictureScansioneWidget(QWidget *parent) : QWidget(parent)
 {
     setFocusPolicy(Qt::StrongFocus);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "board/Tavola.h"
+#include "platform/Controlli.h"
 #include "platform/Schermi.h"
 
 #include <QTimer>
@@ -15,19 +16,6 @@ class QAction;
 class QFrame;
 class QLabel;
 class QMenuBar;
-
-// A rectangle shape without fill, above the tiles: the scanning frame and
-// the mark of the first tile on the open board.
-class FormaRettangolo final : public QWidget
-{
-public:
-    explicit FormaRettangolo(QWidget *parent);
-    int spessore = 1;
-    QColor colore = Qt::black;
-
-protected:
-    void paintEvent(QPaintEvent *) override;
-};
 
 // The holder of the keyboard focus, whose key event gets every key.
 class PictureScansioneWidget final : public QWidget

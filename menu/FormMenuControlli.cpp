@@ -312,7 +312,6 @@ void FormMenu::creaMenu()
     mnuConfigurazioni->setObjectName(QStringLiteral("mnuConfigurazioni"));
     connect(mnuConfigurazioni, &QAction::triggered, this,
             [this] { mostraSchermoEScarica(QStringLiteral("FormConfigura")); });
-    mnuConfigurazioni->setEnabled(false);
 
     mnuInformazioni = BarraMenu->addMenu(QStringLiteral("Informazioni"));
     mnuInformazioni->setObjectName(QStringLiteral("mnuInformazioni"));

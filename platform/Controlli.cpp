@@ -32,6 +32,10 @@ double ForeColorDi(const QWidget *w)
 void ImpostaForeColor(QWidget *w, double colore)
 {
     w->setProperty("ForeColor", colore);
+    // The old text colour of a container coloured none of the controls in it,
+    // and Qt's palette would pass to them all: a container keeps the number only.
+    if (!w->findChildren<QWidget *>(Qt::FindDirectChildrenOnly).isEmpty())
+        return;
     QPalette p = w->palette();
     const QColor c = ColoreDaNumero(colore);
     for (auto ruolo : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
@@ -136,6 +140,25 @@ void Linea::paintEvent(QPaintEvent *)
     QPainter p(this);
     p.setPen(QPen(colore, spessore));
     p.drawLine(QPointF(X1 / TwipsPerPixel, Y1 / TwipsPerPixel), QPointF(X2 / TwipsPerPixel, Y2 / TwipsPerPixel));
+}
+
+FormaRettangolo::FormaRettangolo(QWidget *parent) : QWidget(parent)
+{
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    hide();
+}
+
+void FormaRettangolo::paintEvent(QPaintEvent *)
+{
+    if (!linea)
+        return;
+    QPainter p(this);
+    const int s = qMax(1, spessore);
+    QPen pen(colore, s);
+    pen.setJoinStyle(Qt::MiterJoin);
+    p.setPen(pen);
+    p.setBrush(Qt::NoBrush);
+    p.drawRect(QRectF(rect()).adjusted(s / 2.0, s / 2.0, -s / 2.0, -s / 2.0));
 }
 
 void Etichetta::mouseReleaseEvent(QMouseEvent *e)

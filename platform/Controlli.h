@@ -19,8 +19,9 @@ int IndiceDi(const QObject *o); // -1 when no array member
 void ImpostaIndice(QObject *o, int indice);
 
 // A control's text colour, its old ForeColor, kept as the game's colour number
-// and shown as the colour of its text. A control never given one has the
-// system's window-text colour.
+// and shown as the colour of its text (a control that holds other controls
+// keeps the number only). A control never given one has the system's
+// window-text colour.
 double ForeColorDi(const QWidget *w);
 void ImpostaForeColor(QWidget *w, double colore);
 
@@ -44,6 +45,22 @@ public:
     QColor colore = Qt::black;
     int spessore = 1;
     void imposta(double x1, double y1, double x2, double y2);
+
+protected:
+    void paintEvent(QPaintEvent *) override;
+};
+
+// A rectangle shape without fill that lets the pointer through, hidden until
+// shown: the scanning frame on the boards and its sample in the settings.
+// Its line can be switched off (the old BorderStyle 0) and the shape then
+// draws nothing.
+class FormaRettangolo final : public QWidget
+{
+public:
+    explicit FormaRettangolo(QWidget *parent);
+    int spessore = 1;
+    QColor colore = Qt::black;
+    bool linea = true;
 
 protected:
     void paintEvent(QPaintEvent *) override;

@@ -1,0 +1,4 @@
+#pragma once
+
+// Makes the settings dialog known to the screen manager.
+void RegistraSchermiSettings();
