@@ -54,6 +54,8 @@ void coloraSfondo(QWidget *w, double colore)
     QPalette p = w->palette();
     p.setColor(QPalette::Window, ColoreDaNumero(colore));
     w->setPalette(p);
+    // Option buttons and check boxes fill with the Button role unless told otherwise.
+    w->setBackgroundRole(QPalette::Window);
     w->setAutoFillBackground(true);
 }
 

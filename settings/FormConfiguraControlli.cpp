@@ -3,6 +3,7 @@
 #include "platform/Caratteri.h"
 #include "platform/Controlli.h"
 #include "platform/Twips.h"
+#include "platform/clsResize.h"
 #include "settings/ControlliConfigura.h"
 #include "settings/RegoleConfigura.h"
 
@@ -18,13 +19,22 @@
 #include <QScrollBar>
 #include <QTabWidget>
 
+#include <algorithm>
+
 namespace {
 // The client area at design size, in twips, below the menu bar.
 constexpr int LarghezzaProgetto = 11175;
 constexpr int AltezzaProgetto = 9300;
 
-// The text of the controls; the word samples take the player's own fonts.
+// The text of the controls at design size; the word samples take the player's own fonts.
 constexpr double PuntiControlli = 10;
+
+// A font that grows with the form, as the controls do; see resizeEvent.
+void fontProgetto(QWidget *w, double punti, bool grassetto = false)
+{
+    w->setFont(FontGioco(QStringLiteral("Arial"), punti, grassetto));
+    w->setProperty("PuntiProgetto", punti);
+}
 
 template <typename W>
 W *nominato(W *w, const QString &nome, const GeometriaTwips &g, int indice = -1)
@@ -32,7 +42,7 @@ W *nominato(W *w, const QString &nome, const GeometriaTwips &g, int indice = -1)
     w->setObjectName(nome);
     if (indice >= 0)
         ImpostaIndice(w, indice);
-    w->setFont(FontGioco(QStringLiteral("Arial"), PuntiControlli));
+    fontProgetto(w, PuntiControlli);
     ScriviGeometria(w, g);
     return w;
 }
@@ -41,6 +51,8 @@ QPushButton *pulsante(const QString &nome, const char *caption, QWidget *padre, 
 {
     auto *b = nominato(new PulsanteACapo(QString::fromUtf8(caption), padre), nome, g);
     b->setAccessibleName(b->text());
+    // Enter in the name box must not press a colour button.
+    b->setAutoDefault(false);
     return b;
 }
 
@@ -88,12 +100,12 @@ FormConfigura::FormConfigura() : Form(QStringLiteral("FormConfigura"), Larghezza
     area->setGeometry(0, 0, PixelDaTwips(LarghezzaProgetto), PixelDaTwips(AltezzaProgetto));
 
     Label4 = nominato(new QLabel(area), QStringLiteral("Label4"), {960, 360, 7695, 615});
-    Label4->setFont(FontGioco(QStringLiteral("Arial"), 20, true));
+    fontProgetto(Label4, 20, true);
     Label4->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     Label4->setProperty("TestoDalProgramma", true); // the player's name
 
     TabStrip1 = nominato(new QTabWidget(area), QStringLiteral("TabStrip1"), {600, 1080, 9975, 7575});
-    TabStrip1->setFont(FontGioco(QStringLiteral("Arial"), 11, true));
+    fontProgetto(TabStrip1, 11, true);
     for (const char *scheda : {"Giocatori", "Colori e suoni", "Modalità di input"})
         TabStrip1->addTab(new QWidget, QString::fromUtf8(scheda));
     connect(TabStrip1, &QTabWidget::currentChanged, this, [this] { TabStrip1_Click(); });
@@ -127,6 +139,21 @@ void FormConfigura::resizeEvent(QResizeEvent *e)
     BarraMenu->setGeometry(0, 0, width(), alta);
     area->setGeometry(0, alta, width(), qMax(0, height() - alta));
     Form::resizeEvent(e);
+    // The resizer scales places and sizes only: the captions grow by the
+    // smaller of the two ratios, so a text that fits at design size still
+    // fits, and a large screen is not left with small print.
+    const double scala = std::min(area->width() / (LarghezzaProgetto / double(TwipsPerPixel)),
+                                  area->height() / (AltezzaProgetto / double(TwipsPerPixel)));
+    if (scala <= 0)
+        return;
+    for (QWidget *w : ControlliDelForm(this)) {
+        const QVariant punti = w->property("PuntiProgetto");
+        if (!punti.isValid())
+            continue;
+        QFont f = w->font();
+        f.setPointSizeF(punti.toDouble() * scala);
+        w->setFont(f);
+    }
 }
 
 void FormConfigura::creaUtente()
@@ -170,7 +197,7 @@ void FormConfigura::creaParole()
         const QString cifra = QString::number(i + 1);
         auto *f = nominato(new QGroupBox(QString::fromUtf8(titoli[i]), FrameParole), QStringLiteral("Frame1"),
                            {i == 0 ? 120.0 : 4920.0, 240, 4575, 5175}, i);
-        f->setFont(FontGioco(QStringLiteral("Arial"), PuntiControlli, true));
+        fontProgetto(f, PuntiControlli, true);
         f->setAutoFillBackground(true);
         Frame1[size_t(i)] = f;
 

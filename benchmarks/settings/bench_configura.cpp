@@ -11,6 +11,7 @@
 #include "platform/TestoFile.h"
 #include "platform/Twips.h"
 #include "profiles/Profilo.h"
+#include "settings/ControlliConfigura.h"
 #include "settings/FormConfigura.h"
 
 #include <QApplication>
@@ -107,7 +108,7 @@ int main(int argc, char *argv[])
         QTest::mouseClick(menu->BarraMenu, Qt::LeftButton, {},
                           menu->BarraMenu->actionGeometry(menu->mnuConfigurazioni).center());
         auto *f = qobject_cast<FormConfigura *>(Schermi::Riferimento(QStringLiteral("FormConfigura")));
-        pittura.arma(f->OptionUtente[2]);
+        pittura.arma(static_cast<QWidget *>(f->OptionUtente[2]));
         pittura.attendi();
         const double aperto = t.nsecsElapsed() / 1e6;
         QTest::qWait(20);
@@ -115,8 +116,10 @@ int main(int argc, char *argv[])
         std::vector<double> cambi;
         QTabBar *barra = f->TabStrip1->tabBar();
         for (int scheda : {1, 2, 0, 2, 1, 0}) {
-            QWidget *frame = scheda == 0 ? f->OptionUtente[2] : scheda == 1 ? static_cast<QWidget *>(f->CheckSuoni)
-                                                                              : f->Option4[3];
+            // A control of the tab's frame: it is painted once the frame is.
+            QWidget *frame = scheda == 0   ? static_cast<QWidget *>(f->OptionUtente[2])
+                             : scheda == 1 ? static_cast<QWidget *>(f->CheckSuoni)
+                                           : static_cast<QWidget *>(f->Option4[3]);
             pittura.arma(frame);
             QElapsedTimer c;
             c.start();

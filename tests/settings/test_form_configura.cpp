@@ -158,6 +158,18 @@ private slots:
             QVERIFY2(!w->accessibleName().isEmpty(), qPrintable(NomeControllo(w)));
     }
 
+    void enterPressesNoButtonOfTheDialog()
+    {
+        FormConfigura *f = AmbienteConfigura::Apri();
+        AmbienteConfigura::Scheda(f, 1);
+        f->optMaiuscolo1[1]->setFocus();
+        QTest::keyClick(f->optMaiuscolo1[1], Qt::Key_Return);
+        AmbienteConfigura::Scheda(f, 2);
+        QTest::keyClick(f->Option4[0], Qt::Key_Enter);
+        QVERIFY(a->ambiente->dialoghi.empty());
+        QVERIFY(AmbienteConfigura::Configura());
+    }
+
     // --- ImpostaConfigurazioni
 
     void theSamplesAndFramesTakeTheProfilesColours()
