@@ -23,44 +23,6 @@
 #include <QKeyEvent>
 #include <QResizeEvent>
 #include <QScrollBar>
-#include <QStyleOptionButton>
-#include <QStylePainter>
-
-QSize PulsanteACapo::sizeHint() const { return QPushButton::sizeHint(); }
-
-void PulsanteACapo::paintEvent(QPaintEvent *)
-{
-    QStylePainter p(this);
-    QStyleOptionButton o;
-    initStyleOption(&o);
-    const QString testo = o.text;
-    o.text.clear();
-    p.drawControl(QStyle::CE_PushButton, o);
-    const QRect r = style()->subElementRect(QStyle::SE_PushButtonContents, &o, this).adjusted(2, 1, -2, -1);
-    p.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
-    p.drawText(r, Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic, testo);
-}
-
-void CasellaACapo::paintEvent(QPaintEvent *)
-{
-    QStylePainter p(this);
-    QStyleOptionButton o;
-    initStyleOption(&o);
-    const QString testo = o.text;
-    const int lato = style()->pixelMetric(QStyle::PM_IndicatorWidth, &o, this);
-    o.rect = QRect(0, (height() - lato) / 2, lato, lato);
-    o.text.clear();
-    p.drawPrimitive(QStyle::PE_IndicatorCheckBox, o);
-    const QRect r = rect().adjusted(lato + 6, 0, 0, 0);
-    p.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
-    p.drawText(r, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap | Qt::TextShowMnemonic, testo);
-    if (hasFocus()) {
-        QStyleOptionFocusRect f;
-        f.initFrom(this);
-        f.rect = r;
-        p.drawPrimitive(QStyle::PE_FrameFocusRect, f);
-    }
-}
 
 void BarraCoppie::keyPressEvent(QKeyEvent *e)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ControlliACapo.h"
 #include "platform/Schermi.h"
 #include "sets/Editore.h"
 
@@ -22,32 +23,6 @@ class QListWidget;
 class QMenuBar;
 class QProgressBar;
 class QScrollBar;
-
-// A command button whose caption wraps onto as many lines as it needs, as the
-// old buttons' captions did.
-class PulsanteACapo final : public QPushButton
-{
-    Q_OBJECT
-public:
-    using QPushButton::QPushButton;
-    QSize sizeHint() const override;
-
-protected:
-    void paintEvent(QPaintEvent *e) override;
-};
-
-// A check box whose caption wraps onto as many lines as it needs, and that
-// answers a click anywhere on itself.
-class CasellaACapo final : public QCheckBox
-{
-    Q_OBJECT
-public:
-    using QCheckBox::QCheckBox;
-
-protected:
-    void paintEvent(QPaintEvent *e) override;
-    bool hitButton(const QPoint &pos) const override { return rect().contains(pos); }
-};
 
 // The pair navigator: a horizontal scroll bar that the keyboard moves too.
 class BarraCoppie final : public QScrollBar

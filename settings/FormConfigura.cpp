@@ -5,10 +5,10 @@
 #include "platform/Colori.h"
 #include "platform/CommDlgs.h"
 #include "platform/Controlli.h"
+#include "platform/ControlliACapo.h"
 #include "platform/Twips.h"
 #include "platform/clsResize.h"
 #include "profiles/Profilo.h"
-#include "settings/ControlliConfigura.h"
 #include "settings/RegoleConfigura.h"
 
 #include <QFontMetricsF>

@@ -2,9 +2,9 @@
 
 #include "platform/Caratteri.h"
 #include "platform/Controlli.h"
+#include "platform/ControlliACapo.h"
 #include "platform/Twips.h"
 #include "platform/clsResize.h"
-#include "settings/ControlliConfigura.h"
 #include "settings/RegoleConfigura.h"
 
 #include <QAction>

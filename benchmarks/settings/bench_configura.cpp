@@ -7,11 +7,11 @@
 
 #include "app/Avvio.h"
 #include "menu/FormMenu.h"
+#include "platform/ControlliACapo.h"
 #include "platform/Schermi.h"
 #include "platform/TestoFile.h"
 #include "platform/Twips.h"
 #include "profiles/Profilo.h"
-#include "settings/ControlliConfigura.h"
 #include "settings/FormConfigura.h"
 
 #include <QApplication>

@@ -7,7 +7,7 @@
 #include "menu/AiutoMenu.h"
 
 #include "platform/Controlli.h"
-#include "settings/ControlliConfigura.h"
+#include "platform/ControlliACapo.h"
 #include "settings/FormConfigura.h"
 #include "settings/RegistraSettings.h"
 
