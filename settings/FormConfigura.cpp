@@ -128,8 +128,13 @@ void FormConfigura::ImpostaConfigurazioni()
     for (auto *o : Option4)
         sfondo << o;
     sfondo << CheckRiquadro << Label1 << Label2 << CheckSuoni << CheckDisabilitaMousePersonalizzato;
-    for (QWidget *w : sfondo)
+    for (QWidget *w : sfondo) {
         coloraSfondo(w, Profilo.ColoreSfondo);
+        // A word frame lays the style's faint panel over that same colour; the
+        // controls in it let the panel show, or each would stand out as a lighter box.
+        if (qobject_cast<QGroupBox *>(w->parentWidget()))
+            w->setAutoFillBackground(false);
+    }
 
     // 3. The words' fonts and colours: the name only, the rest of the sample's font stays.
     QLabel *campioni[2] = {LabelFontSelezionato1, LabelFontSelezionato2};
