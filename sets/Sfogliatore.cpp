@@ -28,7 +28,8 @@ bool StatoAvanzamento::ImpostaValore(int valore)
 
 Sfogliatore::Sfogliatore(QObject *parent) : QObject(parent), generazioneCorrente(std::make_shared<std::atomic<int>>(0))
 {
-    pool.setMaxThreadCount(qBound(1, QThread::idealThreadCount(), 2));
+    // A worker per core; each may hold a decoding up to the budget, so no more than four.
+    pool.setMaxThreadCount(qBound(1, QThread::idealThreadCount(), 4));
     // The thumbnails are taken in on a timer, a few at a time, so that the
     // window's own timers and paints (the list's layout among them) always get
     // their turn, however fast the pictures come.
@@ -173,10 +174,12 @@ void Sfogliatore::Dir1_Change()
             const Decodifica d = DecodificaRidotta(file, QSize(LatoMiniatura, LatoMiniatura));
             Esito e{d.Immagine, d.Riuscita};
             const qint64 letti = d.ByteLetti, memoria = d.ByteDecodifica;
+            const bool exif = d.DaMiniaturaExif;
             QMetaObject::invokeMethod(
                 this,
-                [this, mia, i, e, letti, memoria] {
+                [this, mia, i, e, letti, memoria, exif] {
                     Lavoro.ByteLetti += letti;
+                    Lavoro.DaMiniatureExif += exif ? 1 : 0;
                     Lavoro.ByteDecodificaMassimi = qMax(Lavoro.ByteDecodificaMassimi, memoria);
                     consegna(mia, i, e);
                 },

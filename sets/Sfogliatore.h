@@ -79,10 +79,12 @@ public:
     // The path of a file of Dir1, as the item's text shows it.
     QString PercorsoVoce(const QString &voce) const;
 
-    // Counted work, for tests: decodings started, bytes read, the largest
-    // decoding allowed, and the most items taken in at one turn of the loop.
+    // Counted work, for tests: decodings started, those made from a camera's
+    // embedded thumbnail, bytes read, the largest decoding allowed, and the
+    // most items taken in at one turn of the loop.
     struct Conteggi {
         int Decodifiche = 0;
+        int DaMiniatureExif = 0;
         qint64 ByteLetti = 0;
         qint64 ByteDecodificaMassimi = 0;
         int VociPerGiroMassime = 0;
