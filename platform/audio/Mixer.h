@@ -35,7 +35,7 @@ public:
 class SorgenteFunzione final : public Sorgente
 {
 public:
-    explicit SorgenteFunzione(std::function<void(float *, int, int)> f) : f(std::move(f)) {}
+    explicit SorgenteFunzione(std::function<void(float *, int, int)> funzione) : f(std::move(funzione)) {}
     void mescola(float *stereo, int fotogrammi, int frequenza) override { f(stereo, fotogrammi, frequenza); }
 
 private:
