@@ -436,12 +436,24 @@ private slots:
         AmbienteProva::Scrivi(amb->Programma() + QStringLiteral("/swf/unico.swf"), "FWS");
         QString film;
         bool sempre = false;  // the reward film is heard as long as it plays
-        QTimer::singleShot(5, [&] {
+        // once the screen is active and its first second over: its film is chosen
+        QTimer sonda;
+        int giri = 0;
+        connect(&sonda, &QTimer::timeout, this, [&] {
             auto *p = qobject_cast<FormPremio *>(Schermi::Riferimento(QStringLiteral("FormPremio")));
+            if (!p || p->ShockwaveFlash1->Movie().isEmpty() || !p->Command1->isEnabled()) {
+                if (++giri > 4000) {
+                    sonda.stop();
+                    GuardiaModali::ChiudiTutto();
+                }
+                return;
+            }
+            sonda.stop();
             film = p->ShockwaveFlash1->Movie();
             sempre = p->ShockwaveFlash1->SonoroImpostato() == Sonoro::Sempre;
-            QTimer::singleShot(30, [p] { p->Command1->click(); });
+            p->Command1->click();
         });
+        sonda.start(5);
         Schermi::MostraModale(QStringLiteral("FormPremio"));
         QVERIFY(film.endsWith(QLatin1String("\\swf\\unico.swf")));
         QVERIFY(sempre);
