@@ -1,7 +1,11 @@
 #include "platform/ControlliACapo.h"
 
+#include <QEvent>
 #include <QStyleOptionButton>
+#include <QStyledItemDelegate>
 #include <QStylePainter>
+
+#include <algorithm>
 
 namespace {
 // The indicator at the left, centred on the height, then the caption wrapped
@@ -24,6 +28,21 @@ void dipingiIndicatore(QAbstractButton *b, QStyle::PrimitiveElement indicatore, 
         p.drawPrimitive(QStyle::PE_FrameFocusRect, f);
     }
 }
+
+class DelegatoRigheIntere final : public QStyledItemDelegate
+{
+public:
+    explicit DelegatoRigheIntere(ElencoRigheIntere *elenco) : QStyledItemDelegate(elenco), elenco(elenco) {}
+    QSize sizeHint(const QStyleOptionViewItem &o, const QModelIndex &i) const override
+    {
+        QSize s = QStyledItemDelegate::sizeHint(o, i);
+        s.setHeight(elenco->AltezzaRiga());
+        return s;
+    }
+
+private:
+    ElencoRigheIntere *elenco;
+};
 } // namespace
 
 void PulsanteACapo::paintEvent(QPaintEvent *)
@@ -51,4 +70,39 @@ void OpzioneACapo::paintEvent(QPaintEvent *)
     QStyleOptionButton o;
     initStyleOption(&o);
     dipingiIndicatore(this, QStyle::PE_IndicatorRadioButton, o);
+}
+
+ElencoRigheIntere::ElencoRigheIntere(QWidget *parent) : QListWidget(parent)
+{
+    setItemDelegate(new DelegatoRigheIntere(this));
+    setUniformItemSizes(true);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTextElideMode(Qt::ElideRight);
+}
+
+int ElencoRigheIntere::AltezzaRiga() const { return riga; }
+
+void ElencoRigheIntere::misuraRighe()
+{
+    const int spazio = std::max(1, contentsRect().height());
+    const int righe = std::max(1, spazio / (fontMetrics().height() + 2));
+    riga = spazio / righe;
+    // What is left over under the last row stays outside the rows' area, where
+    // no row can show in part.
+    setViewportMargins(0, 0, 0, spazio - righe * riga);
+    scheduleDelayedItemsLayout();
+}
+
+void ElencoRigheIntere::resizeEvent(QResizeEvent *e)
+{
+    QListWidget::resizeEvent(e);
+    misuraRighe();
+}
+
+void ElencoRigheIntere::changeEvent(QEvent *e)
+{
+    QListWidget::changeEvent(e);
+    if (e->type() == QEvent::FontChange)
+        misuraRighe();
 }

@@ -166,7 +166,7 @@ void FormConfigura::creaUtente()
         connect(o, &QAbstractButton::clicked, this, [this, i] { OptionUtente_Click(i); });
         OptionUtente[size_t(i)] = o;
     }
-    ListModificaUtente = nominato(new QListWidget(FrameUtente), QStringLiteral("ListModificaUtente"),
+    ListModificaUtente = nominato(new ElencoRigheIntere(FrameUtente), QStringLiteral("ListModificaUtente"),
                                   {4560, 2280, 3135, 390});
     ListModificaUtente->hide();
     // Only a choice by the person: the focus coming in picks nothing.

@@ -13,6 +13,7 @@
 #include <QGroupBox>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScrollBar>
 
 namespace {
 bool stessoProfilo(const ProfiloGiocatore &a, const ProfiloGiocatore &b) { return TestoProfilo(a) == TestoProfilo(b); }
@@ -584,6 +585,34 @@ private slots:
         // Chosen again, the list is emptied first.
         AmbienteConfigura::Clicca(f->OptionUtente[1]);
         QCOMPARE(f->ListModificaUtente->count(), 3);
+    }
+
+    void theListOfPlayersShowsWholeRowsAtEveryScroll()
+    {
+        for (const char *n : {"Anna", "Bruno", "Carla", "Davide", "Elena", "Franco"})
+            a->ProfiloSuDisco(QString::fromUtf8(n), Profilo);
+        FormConfigura *f = AmbienteConfigura::Apri();
+        AmbienteConfigura::Clicca(f->OptionUtente[1]);
+        QListWidget *l = f->ListModificaUtente;
+        QCOMPARE(l->count(), 6);
+        QCoreApplication::processEvents();
+        const QRect area = l->viewport()->rect();
+        QVERIFY(area.height() > 0);
+        QVERIFY(l->verticalScrollBar()->maximum() > 0);
+        for (int v = 0; v <= l->verticalScrollBar()->maximum(); ++v) {
+            l->verticalScrollBar()->setValue(v);
+            QCoreApplication::processEvents();
+            int viste = 0;
+            for (int i = 0; i < l->count(); ++i) {
+                const QRect r = l->visualItemRect(l->item(i));
+                QVERIFY(r.height() >= l->fontMetrics().height());
+                if (!r.intersects(area))
+                    continue;
+                ++viste;
+                QVERIFY2(area.contains(r), qPrintable(QStringLiteral("row %1 at scroll %2 is cut").arg(i).arg(v)));
+            }
+            QVERIFY(viste >= 1);
+        }
     }
 
     void theListSavesThenReadsTheChosenPlayer()
