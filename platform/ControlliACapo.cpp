@@ -32,7 +32,7 @@ void dipingiIndicatore(QAbstractButton *b, QStyle::PrimitiveElement indicatore, 
 class DelegatoRigheIntere final : public QStyledItemDelegate
 {
 public:
-    explicit DelegatoRigheIntere(ElencoRigheIntere *elenco) : QStyledItemDelegate(elenco), elenco(elenco) {}
+    explicit DelegatoRigheIntere(ElencoRigheIntere *e) : QStyledItemDelegate(e), elenco(e) {}
     QSize sizeHint(const QStyleOptionViewItem &o, const QModelIndex &i) const override
     {
         QSize s = QStyledItemDelegate::sizeHint(o, i);
