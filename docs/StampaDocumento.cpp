@@ -20,7 +20,7 @@ namespace {
 class Documento final : public QTextDocument
 {
 public:
-    explicit Documento(const QDir &cartella) : cartella(cartella) {}
+    explicit Documento(const QDir &sorgenti) : cartella(sorgenti) {}
 
 protected:
     QVariant loadResource(int tipo, const QUrl &nome) override

@@ -13,7 +13,7 @@ int scritture = 0;
 class Filtro final : public QObject
 {
 public:
-    Filtro(QObject *padre, QEvent::Type tipo, std::function<void()> g) : QObject(padre), tipo(tipo), gestore(std::move(g)) {}
+    Filtro(QObject *padre, QEvent::Type t, std::function<void()> g) : QObject(padre), tipo(t), gestore(std::move(g)) {}
 
     bool eventFilter(QObject *o, QEvent *e) override
     {

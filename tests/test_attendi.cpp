@@ -10,8 +10,8 @@
 class OrologioAPassi
 {
 public:
-    OrologioAPassi(double inizio, double passo, double mezzanotte = 0)
-        : ora(inizio), passo(passo), mezzanotte(mezzanotte)
+    OrologioAPassi(double inizio, double unPasso, double laMezzanotte = 0)
+        : ora(inizio), passo(unPasso), mezzanotte(laMezzanotte)
     {
         ImpostaOrologioPerProve([this] { return ora; });
         lancetta.setTimerType(Qt::PreciseTimer);

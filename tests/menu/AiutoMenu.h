@@ -4,6 +4,7 @@
 // stand-in boards, and a names box that answers by itself.
 
 #include "AmbienteProva.h"
+#include "AttendiLavoro.h"
 
 #include "lang/modLanguageSupport.h"
 #include "menu/ControlliMenu.h"
@@ -132,11 +133,8 @@ public:
     }
     static bool AttendiVestizione(FormMenu *m)
     {
-        QElapsedTimer t;
-        t.start();
-        while (m->Timer1->isActive() && t.elapsed() < 5000)
-            QTest::qWait(10);
-        return !m->Timer1->isActive();
+        AttendiFinche([m] { return !m->Timer1->isActive(); });
+        return true;
     }
 
     // The names box, when it comes up, takes these names and is confirmed.

@@ -3,6 +3,7 @@
 // that stop the program, for the film editor and the three that differ.
 
 #include "ProvaEditori.h"
+#include "AttendiLavoro.h"
 
 #include "platform/TestoFile.h"
 #include "sets/ElencoCoppie.h"
@@ -53,7 +54,7 @@ private:
     static bool visibile(const Editore &e, const char *nome) { return e.C(QLatin1String(nome)).Visible; }
     static void attendiMiniature(Editore &e)
     {
-        QTRY_VERIFY_WITH_TIMEOUT(!e.Miniature()->InCorso(), 20000);
+        AttendiFinche([&e] { return !e.Miniature()->InCorso(); });
     }
 
 private slots:

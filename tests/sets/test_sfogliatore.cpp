@@ -4,6 +4,7 @@
 // megapixels, a text file under a picture's name. Work is counted, never timed.
 
 #include "ProvaEditori.h"
+#include "AttendiLavoro.h"
 
 #include "sets/DecodificaImmagine.h"
 
@@ -59,7 +60,7 @@ class TestSfogliatore : public QObject
 private:
     std::unique_ptr<AmbienteEditori> amb;
 
-    static void attendi(Sfogliatore &s) { QTRY_VERIFY_WITH_TIMEOUT(!s.InCorso(), 60000); }
+    static void attendi(Sfogliatore &s) { AttendiFinche([&s] { return !s.InCorso(); }); }
 
 private slots:
     void init() { amb = std::make_unique<AmbienteEditori>(); }

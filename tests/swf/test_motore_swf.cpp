@@ -3,6 +3,7 @@
 // plays on Play, holds on Stop, goes back on StopPlay and stops drawing while
 // hidden.
 
+#include "AttendiLavoro.h"
 #include "animazioni.h"
 #include "costruttore.h"
 #include "platform/media/Filmato.h"
@@ -52,7 +53,7 @@ class TestMotoreSwf : public QObject
         QVERIFY(QTest::qWaitForWindowExposed(&f));
         f.setMovie(percorso);
         f.StopPlay();
-        QTRY_VERIFY_WITH_TIMEOUT(!f.InCaricamento(), 20000);
+        AttendiFinche([&f] { return !f.InCaricamento(); });
     }
 
 private slots:
@@ -187,7 +188,7 @@ private slots:
         QVERIFY(f->InCaricamento());
         // while it loads the face is see-through: the colour behind it shows
         QCOMPARE(sfondo.grab().toImage().pixel(80, 60), qRgb(10, 200, 30));
-        QTRY_VERIFY_WITH_TIMEOUT(f->NomeMotore().isEmpty(), 60000);
+        AttendiFinche([f] { return f->NomeMotore().isEmpty(); });
         const swf::LavoroThread dopo = swf::lavoroDelThread();
         QCOMPARE(dopo.byteLetti, prima.byteLetti);
         QCOMPARE(dopo.lavoroDisegno, prima.lavoroDisegno);
@@ -206,7 +207,7 @@ private slots:
         const swf::LavoroThread prima = swf::lavoroDelThread();
         f.setMovie(p);
         f.StopPlay();
-        QTRY_VERIFY_WITH_TIMEOUT(!f.InCaricamento(), 20000);
+        AttendiFinche([&f] { return !f.InCaricamento(); });
         QCOMPARE(swf::lavoroDelThread().byteLetti, prima.byteLetti);
         QCOMPARE(f.NomeMotore(), QStringLiteral("swf"));
         // the first picture was drawn by the worker: shown from its cache
