@@ -1,4 +1,5 @@
 #include "AmbienteProva.h"
+#include "AttendiLavoro.h"
 
 #include "platform/TestoFile.h"
 
@@ -159,7 +160,7 @@ private slots:
         primo.start(QStringLiteral(COPPIE_ESEGUIBILE), {});
         QVERIFY(primo.waitForStarted(10000));
         const QString blocco = runtime.filePath(QStringLiteral("coppie-vivaci.lock"));
-        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(blocco), 20000);
+        AttendiFinche([&] { return QFileInfo::exists(blocco); });
         QTest::qWait(1500); // let the first copy reach its splash
         QCOMPARE(primo.state(), QProcess::Running);
 

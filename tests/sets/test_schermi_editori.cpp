@@ -4,6 +4,7 @@
 // on its board to the reward; a ready-made set opened and saved again.
 
 #include "menu/AiutoMenu.h"
+#include "AttendiLavoro.h"
 
 #include "board/FormPremio.h"
 #include "board/FormTavola.h"
@@ -390,7 +391,7 @@ private slots:
         QVERIFY(pannello->isVisible());
         QCOMPARE(pannello->geometry().topLeft(), QPoint(0, 0));
         auto *lista = w<QListWidget>(f, "ListView1");
-        QTRY_COMPARE_WITH_TIMEOUT(lista->count(), 5, 20000);
+        AttendiFinche([&] { return lista->count() == 5; });
         QTRY_VERIFY(!w<QProgressBar>(f, "barr1")->isVisible());
         QCOMPARE(lista->item(3)->text(), QDir::toNativeSeparators(media(QStringLiteral("foto/f3.gif"))));
         QCOMPARE(lista->iconSize(), QSize(100, 100));

@@ -94,7 +94,7 @@ private slots:
         prepara(f, scrivi("pesce.swf", swfanim::creaFilm("pesce")));
         const QImage prima = foto(f);
         f.Play();
-        QTRY_VERIFY_WITH_TIMEOUT(foto(f) != prima, 2000);
+        AttendiFinche([&] { return foto(f) != prima; });
         f.Stop();
         const QImage ferma = foto(f);
         QVERIFY(ferma != prima);
@@ -118,7 +118,7 @@ private slots:
         f.Stop();
         const QImage ferma = foto(f);
         f.Play();
-        QTRY_VERIFY_WITH_TIMEOUT(foto(f) != ferma, 2000);
+        AttendiFinche([&] { return foto(f) != ferma; });
     }
 
     void nonDisegnaDaNascosto()
@@ -158,7 +158,7 @@ private slots:
         Filmato f;
         prepara(f, scrivi(QStringLiteral("rotto%1.swf").arg(QTest::currentDataTag()).remove(' '), dati));
         // an unreadable film is found out by the load in the background
-        QTRY_COMPARE_WITH_TIMEOUT(f.NomeMotore(), motore, 20000);
+        AttendiFinche([&] { return f.NomeMotore() == motore; });
         f.Play();  // no crash, no message: an empty face
         QVERIFY(f.InRiproduzione());
     }
@@ -215,7 +215,7 @@ private slots:
         QCOMPARE(swf::lavoroDelThread().lavoroDisegno, prima.lavoroDisegno);
         QVERIFY2(coloriDiversi(primo) > 8, "the face is blank");
         f.Play();
-        QTRY_VERIFY_WITH_TIMEOUT(foto(f) != primo, 2000);
+        AttendiFinche([&] { return foto(f) != primo; });
     }
 
     void ilFilmVuotoSvuotaLaFaccia()

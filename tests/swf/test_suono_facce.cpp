@@ -5,6 +5,7 @@
 // gone leaves nothing in the mixer. The test reads the mixer itself and
 // moves the faces' clocks by hand: nothing waits.
 
+#include "AttendiLavoro.h"
 #include "costruttore.h"
 #include "platform/audio/MotoreAudio.h"
 #include "platform/media/Filmato.h"
@@ -71,7 +72,7 @@ class TestSuonoFacce : public QObject
     }
 
     // the film is read off the interface thread: the face waits for it
-    static void attendi(Filmato &f) { QTRY_VERIFY_WITH_TIMEOUT(!f.InCaricamento(), 20000); }
+    static void attendi(Filmato &f) { AttendiFinche([&f] { return !f.InCaricamento(); }); }
 
     void prepara(Filmato &f, Sonoro s)
     {
