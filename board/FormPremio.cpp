@@ -20,6 +20,7 @@ FormPremio::FormPremio() : Form(QStringLiteral("FormPremio"), 8190, 6390)
     ShockwaveFlash1 = new Filmato(this);
     ShockwaveFlash1->setObjectName(QStringLiteral("ShockwaveFlash1"));
     ShockwaveFlash1->setAccessibleName(QStringLiteral("Filmato premio"));
+    ShockwaveFlash1->ImpostaCliccabile(true);
     ScriviGeometria(ShockwaveFlash1, {1440, 720, 4215, 3975});
 
     Command1 = new QPushButton(this);

@@ -123,6 +123,8 @@ QWidget *FormEditore::creaControllo(const ControlloEditore &c, QWidget *padre)
         break;
     case TipoControllo::Filmato: {
         auto *f = new Filmato(padre);
+        // a preview answers the pointer as the reward does
+        f->ImpostaCliccabile(true);
         f->setAccessibleName(QStringLiteral("Filmato"));
         w = f;
         break;

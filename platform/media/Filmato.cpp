@@ -169,6 +169,7 @@ void Filmato::setMovie(const QString &percorso)
         if (!m->Carica(locale))
             return;
         m->ImpostaSonoro(sonoro);
+        m->ImpostaCliccabile(cliccabile);
         m->Vista()->setGeometry(rect());
         m->Vista()->show();
         motore = std::move(m);
@@ -203,6 +204,13 @@ void Filmato::ImpostaSonoro(Sonoro s)
     sonoro = s;
     if (motore)
         motore->ImpostaSonoro(s);
+}
+
+void Filmato::ImpostaCliccabile(bool si)
+{
+    cliccabile = si;
+    if (motore)
+        motore->ImpostaCliccabile(si);
 }
 
 void Filmato::AvanzaFotogramma()

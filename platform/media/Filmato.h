@@ -29,6 +29,7 @@ public:
     virtual bool InCaricamento() const { return false; }
     void QuandoFallisce(std::function<void()> f) { fallito = std::move(f); }
     virtual void ImpostaSonoro(Sonoro) {}
+    virtual void ImpostaCliccabile(bool) {}
     virtual void Passo() {}       // one tick of its own clock
 
 protected:
@@ -70,6 +71,12 @@ public:
     void ImpostaSonoro(Sonoro s);
     Sonoro SonoroImpostato() const { return sonoro; }
 
+    // Where the film can be clicked (the reward, the editors' previews) the
+    // pointer reaches the film's buttons. Off by default: on the board a
+    // click on a face belongs to the tile.
+    void ImpostaCliccabile(bool si);
+    bool Cliccabile() const { return cliccabile; }
+
     // One tick of the film's clock, as its timer gives it. For tests.
     void AvanzaFotogramma();
 
@@ -83,4 +90,5 @@ private:
     quint64 generazione = 0; // one a file set, so a late failure of an old load is ignored
     bool riproduce = false;
     Sonoro sonoro = Sonoro::Sempre;
+    bool cliccabile = false;
 };

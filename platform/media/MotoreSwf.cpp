@@ -5,6 +5,7 @@
 #include "swf/suono.h"
 
 #include <QHideEvent>
+#include <QMouseEvent>
 #include <QImage>
 #include <QMutex>
 #include <QPainter>
@@ -160,8 +161,44 @@ public:
         update();
     }
     bool caricando() const { return inCaricamento; }
+    void impostaCliccabile(bool si)
+    {
+        setAttribute(Qt::WA_TransparentForMouseEvents, !si);
+        setMouseTracking(si);
+        if (!si)
+            film.puntatoreUscito();
+    }
 
 protected:
+    void mouseMoveEvent(QMouseEvent *e) override
+    {
+        if (inCaricamento)
+            return;
+        film.muoviPuntatore(QRectF(rect()), e->position());
+        dopoPuntatore();
+    }
+    void mousePressEvent(QMouseEvent *e) override
+    {
+        if (inCaricamento || e->button() != Qt::LeftButton)
+            return;
+        film.premiPuntatore(QRectF(rect()), e->position());
+        dopoPuntatore();
+    }
+    void mouseReleaseEvent(QMouseEvent *e) override
+    {
+        if (inCaricamento || e->button() != Qt::LeftButton)
+            return;
+        film.rilasciaPuntatore(QRectF(rect()), e->position());
+        dopoPuntatore();
+    }
+    void leaveEvent(QEvent *e) override
+    {
+        QWidget::leaveEvent(e);
+        if (inCaricamento)
+            return;
+        film.puntatoreUscito();
+        dopoPuntatore();
+    }
     void paintEvent(QPaintEvent *) override
     {
         if (inCaricamento)
@@ -184,6 +221,8 @@ protected:
     }
 
 private:
+    // a button's new state shows at once; the pointer keeps the game's own shape
+    void dopoPuntatore() { update(); }
     void annulla()
     {
         if (!attuale)
@@ -276,6 +315,7 @@ public:
     bool InCaricamento() const override { return vista->caricando(); }
     void ImpostaSonoro(Sonoro s) override { vista->impostaSonoro(s); }
     void Passo() override { vista->passo(); }
+    void ImpostaCliccabile(bool si) override { vista->impostaCliccabile(si); }
 
 private:
     VistaSwf *vista;

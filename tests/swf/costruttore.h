@@ -611,4 +611,130 @@ inline QByteArray fotogrammiConFlusso(int formato, const std::vector<int16_t> &c
     return o;
 }
 
+// Buttons. A part names the states it shows in: 1 up, 2 over, 4 down, 8 hit.
+struct ParteProva {
+    int stati = 0, carattere = 0, profondita = 1, tx = 0, ty = 0;
+    double moltiplicaAlfa = 1;  // DefineButton2 only: the part's own colour transform
+};
+
+inline void partiBottone(Bit &b, const std::vector<ParteProva> &parti, bool seconda)
+{
+    for (const ParteProva &p : parti) {
+        b.u8(p.stati);
+        b.u16(p.carattere);
+        b.u16(p.profondita);
+        matrice(b, p.tx, p.ty);
+        if (seconda) {
+            // a colour transform with alpha: multiply terms only
+            const int a = static_cast<int>(std::lround(p.moltiplicaAlfa * 256));
+            const int n = std::max(bitPer(a), bitPer(256));
+            b.ub(0, 1);
+            b.ub(1, 1);
+            b.ub(static_cast<uint32_t>(n), 4);
+            b.sb(256, n); b.sb(256, n); b.sb(256, n); b.sb(a, n);
+            b.allinea();
+        }
+    }
+    b.u8(0);
+}
+
+// DefineButton: its actions run on release over it.
+inline QByteArray bottone1(int id, const std::vector<ParteProva> &parti, const QByteArray &azioni)
+{
+    Bit b;
+    b.u16(id);
+    partiBottone(b, parti, false);
+    return tag(7, b.fine() + azioni + QByteArray(1, '\0'), true);
+}
+
+// DefineButton2 with actions for conditions (bits of the condition word:
+// 0x001 idle to over, 0x002 over to idle, 0x004 over to down, 0x008 down to over).
+inline QByteArray bottone2(int id, const std::vector<ParteProva> &parti,
+                           const std::vector<std::pair<int, QByteArray>> &azioni, bool menu = false)
+{
+    Bit testa;
+    testa.u16(id);
+    testa.u8(menu ? 1 : 0);
+    Bit p;
+    partiBottone(p, parti, true);
+    const QByteArray corpoParti = p.fine();
+    testa.u16(azioni.empty() ? 0 : static_cast<int>(2 + corpoParti.size()));
+    QByteArray condizioni;
+    for (size_t i = 0; i < azioni.size(); ++i) {
+        const QByteArray codice = azioni[i].second + QByteArray(1, '\0');
+        Bit c;
+        c.u16(i + 1 == azioni.size() ? 0 : static_cast<int>(4 + codice.size()));
+        c.u16(azioni[i].first);
+        condizioni += c.fine() + codice;
+    }
+    return tag(34, testa.fine() + corpoParti + condizioni, true);
+}
+
+// DefineButtonCxform: multiply and add terms for red, green and blue.
+inline QByteArray coloreBottone(int id, double mr, double mg, double mb, int ar = 0, int ag = 0, int ab = 0)
+{
+    Bit b;
+    b.u16(id);
+    const int m[3] = {static_cast<int>(std::lround(mr * 256)), static_cast<int>(std::lround(mg * 256)),
+                      static_cast<int>(std::lround(mb * 256))};
+    const int n = std::max({bitPer(m[0]), bitPer(m[1]), bitPer(m[2]), bitPer(ar), bitPer(ag), bitPer(ab)});
+    b.ub(1, 1);
+    b.ub(1, 1);
+    b.ub(static_cast<uint32_t>(n), 4);
+    b.sb(m[0], n); b.sb(m[1], n); b.sb(m[2], n);
+    b.sb(ar, n); b.sb(ag, n); b.sb(ab, n);
+    return tag(23, b.fine());
+}
+
+// DefineButtonSound: sounds for over to idle, idle to over, over to down, down to over (0: none).
+inline QByteArray suoniBottone(int id, const std::array<int, 4> &suoni)
+{
+    Bit b;
+    b.u16(id);
+    QByteArray out = b.fine();
+    for (int s : suoni) {
+        Bit k;
+        k.u16(s);
+        out += k.fine();
+        if (s)
+            out += infoSuono({});
+    }
+    return tag(17, out);
+}
+
+// AVM1 by hand: each helper gives the bytes of one action.
+namespace as {
+inline QByteArray op(int codice) { return QByteArray(1, static_cast<char>(codice)); }
+inline QByteArray record(int codice, const QByteArray &dati)
+{
+    Bit b;
+    b.u8(codice);
+    b.u16(static_cast<int>(dati.size()));
+    return b.fine() + dati;
+}
+inline QByteArray stringa(const QByteArray &s) { Bit b; b.u8(0); b.stringa(s); return record(0x96, b.fine()); }
+inline QByteArray intero(int v) { Bit b; b.u8(7); b.u32(static_cast<uint32_t>(v)); return record(0x96, b.fine()); }
+inline QByteArray booleano(bool v) { Bit b; b.u8(5); b.u8(v ? 1 : 0); return record(0x96, b.fine()); }
+inline QByteArray registro(int i) { Bit b; b.u8(4); b.u8(i); return record(0x96, b.fine()); }
+inline QByteArray indefinito() { Bit b; b.u8(3); return record(0x96, b.fine()); }
+inline QByteArray costante(int i) { Bit b; b.u8(8); b.u8(i); return record(0x96, b.fine()); }
+inline QByteArray costanti(const std::vector<QByteArray> &v)
+{
+    Bit b;
+    b.u16(static_cast<int>(v.size()));
+    for (const QByteArray &s : v)
+        b.stringa(s);
+    return record(0x88, b.fine());
+}
+// Jump and If: the offset counts from the end of the record
+inline QByteArray salta(int offset) { Bit b; b.u16(offset & 0xffff); return record(0x99, b.fine()); }
+inline QByteArray seVero(int offset) { Bit b; b.u16(offset & 0xffff); return record(0x9D, b.fine()); }
+inline QByteArray vaiA(int fotogramma0) { Bit b; b.u16(fotogramma0); return record(0x81, b.fine()); }
+inline QByteArray ferma() { return op(0x07); }
+inline QByteArray imposta(const QByteArray &nome, const QByteArray &valore) { return stringa(nome) + valore + op(0x1D); }
+inline QByteArray leggi(const QByteArray &nome) { return stringa(nome) + op(0x1C); }
+// gotoAndStop(frame) on the current timeline, frame 1-based from the stack
+inline QByteArray vaiAPila() { Bit b; b.u8(0); return record(0x9F, b.fine()); }
+} // namespace as
+
 } // namespace swftest

@@ -1,5 +1,5 @@
 // libFuzzer entry: any bytes through the reader, a few ticks with their
-// sound mixed, a small draw.
+// sound mixed, a small draw, the pointer pressed and let go over the film.
 
 #include "swf/filmato.h"
 #include "swf/suono.h"
@@ -31,6 +31,16 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         QPainter p(&faccia);
         f.disegna(p, QRectF(0, 0, 40, 30), true);
     }
+    // the pointer over the film: buttons go over, down and up, their actions and sounds run
+    const QRectF area(0, 0, 48, 48);
+    for (int i = 0; i < 3; ++i) {
+        const QPointF punto(static_cast<double>((size * (i + 3)) % 48), static_cast<double>((size * (i + 7)) % 48));
+        f.muoviPuntatore(area, punto);
+        f.premiPuntatore(area, punto);
+        f.avanza();
+        f.rilasciaPuntatore(area, punto);
+    }
+    f.puntatoreUscito();
     f.vaiAlFotogramma(1);
     f.uscitaSuono()->mescola(mix, 512, 22050);
     f.congedaSuoni();

@@ -18,6 +18,7 @@ enum Codice : uint16_t {
     DefineMorphShape2 = 84, DefineBitsJPEG4 = 90, DefineEditText = 37,
     DefineSound = 14, StartSound = 15, SoundStreamHead = 18, SoundStreamBlock = 19,
     SoundStreamHead2 = 45, ExportAssets = 56, SymbolClass = 76, StartSound2 = 89,
+    DefineButton = 7, DefineButtonSound = 17, DefineButtonCxform = 23, DefineButton2 = 34,
 };
 
 struct Contesto {
@@ -26,6 +27,8 @@ struct Contesto {
     int definizioni = 0;
     int avviiSuono = 0;
 };
+
+} // namespace
 
 ColorTransform leggiCx(Lettore &r, bool alfa)
 {
@@ -124,6 +127,8 @@ bool leggiFiltri(Lettore &r, std::vector<Filtro> &filtri)
     }
     return r.ok();
 }
+
+namespace {
 
 Piazza leggiPiazza(Lettore &r, int tag, int versioneSwf)
 {
@@ -276,6 +281,22 @@ void leggiDefinizione(Lettore &t, int codice, Contesto &ctx, int annidamento)
         def.campo = c;
         break;
     }
+    case DefineButton: case DefineButton2: {
+        auto b = std::make_shared<Bottone>();
+        if (!leggiBottone(t, codice == DefineButton ? 1 : 2, *b))
+            return;
+        def.tipo = Definizione::BottoneT;
+        def.bottone = b;
+        break;
+    }
+    case DefineButtonCxform:
+        t.vaiA(0);
+        leggiColoreBottone(t, film);
+        return;
+    case DefineButtonSound:
+        t.vaiA(0);
+        leggiSuoniBottone(t, film);
+        return;
     case DefineSprite: {
         if (annidamento >= kMaxNesting)
             return;

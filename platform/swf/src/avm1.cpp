@@ -67,7 +67,7 @@ std::shared_ptr<Clip> figlio(const std::shared_ptr<Clip> &c, const QByteArray &n
         return nullptr;
     const QByteArray n = nome.toLower();
     for (auto &[k, v] : c->lista)
-        if (v->figli && v->nome.toLower() == n)
+        if (v->figli && v->def.tipo == Definizione::SpriteT && v->nome.toLower() == n)
             return v->figli;
     return nullptr;
 }

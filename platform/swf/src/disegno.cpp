@@ -489,6 +489,7 @@ QPainterPath percorsoMaschera(const Istanza &i, const QTransform &genitore, cons
         });
         break;
     case Definizione::SpriteT:
+    case Definizione::BottoneT:
         if (i.figli)
             for (auto &[k, v] : i.figli->lista)
                 if (v->clip == 0)
@@ -631,6 +632,10 @@ void disegnaContenuto(QPainter &p, const Istanza &i, const QTransform &m, const 
     case Definizione::SpriteT:
         if (i.figli)
             disegnaClip(p, *i.figli, m, cx, ctx);
+        break;
+    case Definizione::BottoneT:
+        if (i.figli)
+            disegnaClip(p, *i.figli, m, i.def.bottone->haColore ? cx.dopo(i.def.bottone->colore) : cx, ctx);
         break;
     case Definizione::CampoT:
         disegnaCampo(p, *i.def.campo, m, cx, ctx);

@@ -127,6 +127,46 @@ void Filmato::congedaSuoni()
         d->suoni.congeda();
 }
 
+namespace {
+// From the rectangle the film is shown in ("show all") to twips of the stage.
+QPointF versoScena(const Film &film, const QRectF &target, const QPointF &punto)
+{
+    const QSizeF scena = film.scena.size() / 20.0;
+    const double scala = std::min(target.width() / scena.width(), target.height() / scena.height());
+    if (!(scala > 0))
+        return QPointF(-1e9, -1e9);
+    const QPointF origine(target.x() + (target.width() - scena.width() * scala) / 2,
+                          target.y() + (target.height() - scena.height() * scala) / 2);
+    return (punto - origine) / scala * 20.0 + film.scena.topLeft();
+}
+}
+
+void Filmato::muoviPuntatore(const QRectF &target, const QPointF &punto)
+{
+    if (d)
+        d->eventoPuntatore(EventoPuntatore::Muove, versoScena(*d->film, target, punto));
+}
+
+void Filmato::premiPuntatore(const QRectF &target, const QPointF &punto)
+{
+    if (d)
+        d->eventoPuntatore(EventoPuntatore::Premi, versoScena(*d->film, target, punto));
+}
+
+void Filmato::rilasciaPuntatore(const QRectF &target, const QPointF &punto)
+{
+    if (d)
+        d->eventoPuntatore(EventoPuntatore::Rilascia, versoScena(*d->film, target, punto));
+}
+
+void Filmato::puntatoreUscito()
+{
+    if (d)
+        d->eventoPuntatore(EventoPuntatore::Esce, QPointF(-1e9, -1e9));
+}
+
+bool Filmato::puntatoreSuPulsante() const { return d && !d->puntatore.sotto.expired(); }
+
 void Filmato::disegna(QPainter &painter, const QRectF &target, bool antialias) const
 {
     if (!d || target.width() < 1 || target.height() < 1)

@@ -227,8 +227,41 @@ struct Sequenza {
     std::shared_ptr<Flusso> flusso;       // the soundtrack, if the timeline has one
 };
 
+// One character of a button, shown in the states its flags name.
+struct ParteBottone {
+    enum Stato : uint8_t { Su = 1, Sopra = 2, Giu = 4, Colpo = 8 };
+    uint8_t stati = 0;
+    uint16_t carattere = 0, profondita = 0;
+    QTransform matrice;
+    ColorTransform colore;
+    std::vector<Filtro> filtri;
+    uint8_t fusione = 0;
+};
+
+// The transitions a button's actions and sounds are tied to, as the bits of
+// a DefineButton2 condition.
+enum TransizioneBottone : uint16_t {
+    InattivoASopra = 0x001, SopraAInattivo = 0x002, SopraAGiu = 0x004, GiuASopra = 0x008,
+    GiuAFuori = 0x010, FuoriAGiu = 0x020, FuoriAInattivo = 0x040,
+};
+
+struct Bottone {
+    std::vector<ParteBottone> parti;
+    struct Azione {
+        uint16_t condizioni = GiuASopra;
+        QByteArray codice;
+    };
+    std::vector<Azione> azioni;
+    bool menu = false;     // tracked as a menu: it goes down under a pointer pressed elsewhere
+    bool haColore = false; // DefineButtonCxform, over every state
+    ColorTransform colore;
+    // DefineButtonSound: over to idle, idle to over, over to down, down to over
+    std::array<AvvioSuono, 4> suoni;
+};
+
 struct Definizione {
     enum Tipo { FormaT, MorphT, BitmapT, TestoT, SpriteT, CarattereT, BottoneT, CampoT } tipo = FormaT;
+    std::shared_ptr<Bottone> bottone;
     std::shared_ptr<Forma> forma;
     std::shared_ptr<Morph> morph;
     std::shared_ptr<ImmagineBitmap> bitmap;
@@ -266,5 +299,11 @@ bool leggiCampoTesto(Lettore &r, int versioneSwf, CampoTesto &c);
 const QPainterPath &contornoForma(Forma &f);
 // immagini.cpp
 const QImage &decodificaBitmap(ImmagineBitmap &b, const QByteArray &tabelle);
+// bottoni.cpp
+bool leggiBottone(Lettore &r, int versione, Bottone &b);
+void leggiColoreBottone(Lettore &r, Film &film);
+void leggiSuoniBottone(Lettore &r, Film &film);
+ColorTransform leggiCx(Lettore &r, bool alfa);
+bool leggiFiltri(Lettore &r, std::vector<Filtro> &filtri);
 
 } // namespace swf

@@ -69,6 +69,8 @@ std::shared_ptr<Istanza> Riproduzione::nuovaIstanza(const Piazza &p, int nascita
         ist->figli->seq = ist->def.sprite;
         ist->figli->annidamento = annidamento + 1;
         eseguiFotogramma(ist->figli, 0, true);
+    } else if (ist->def.tipo == Definizione::BottoneT) {
+        statoBottone(*ist, ParteBottone::Su, annidamento);
     }
     return ist;
 }
@@ -261,6 +263,7 @@ void Riproduzione::inizia()
     suoni.congedo = false;
     coda.clear();
     creazioniPasso = 0;
+    puntatore = Puntatore{};
     tick = 1;
     radice = std::make_shared<Clip>();
     // non-owning: the film outlives its clips
@@ -325,8 +328,8 @@ void firmaClip(Firma &f, const Clip &c, int annidamento)
             f.byte(v, sizeof v);
             f.val(k.colore.r); f.val(k.colore.g); f.val(k.colore.b); f.val(k.colore.a);
             f.val(k.interno); f.val(k.knockout); f.val(k.soloOggetto); f.val(k.sopra);
-            for (const auto &[rapporto, c] : k.gradiente) {
-                f.val(rapporto); f.val(c.r); f.val(c.g); f.val(c.b); f.val(c.a);
+            for (const auto &[rapporto, col] : k.gradiente) {
+                f.val(rapporto); f.val(col.r); f.val(col.g); f.val(col.b); f.val(col.a);
             }
             f.byte(k.matrice.data(), sizeof(float) * k.matrice.size());
         }

@@ -43,7 +43,8 @@ struct Istanza {
     std::vector<Filtro> filtri;
     bool cache = false;
     bool visibile = true;
-    std::shared_ptr<Clip> figli;  // sprites only
+    std::shared_ptr<Clip> figli;  // sprites; for buttons, the characters of the state shown
+    uint8_t statoBottone = ParteBottone::Su;
     uint64_t tickNascita = 0;
 };
 
@@ -54,6 +55,8 @@ struct Clip {
     std::map<int, std::shared_ptr<Istanza>> lista;
     int annidamento = 0;
 };
+
+enum class EventoPuntatore { Muove, Premi, Rilascia, Esce };
 
 struct Riproduzione {
     std::unique_ptr<Film> film;
@@ -101,6 +104,19 @@ struct Riproduzione {
     void accoda(const std::shared_ptr<Clip> &c, int f);
     void avanzaAlbero(const std::shared_ptr<Clip> &c);
     std::shared_ptr<Istanza> nuovaIstanza(const Piazza &p, int nascita, int annidamento);
+
+    // Buttons (bottoni.cpp). Points are in twips of the stage.
+    struct Puntatore {
+        QPointF punto;
+        bool premuto = false;
+        bool fuori = false;  // held down and dragged off the button it pressed
+        std::weak_ptr<Istanza> sotto, preso;
+        std::weak_ptr<Clip> sottoClip, presoClip;
+    } puntatore;
+    void eventoPuntatore(EventoPuntatore e, const QPointF &punto);
+    void statoBottone(Istanza &ist, uint8_t stato, int annidamento);
+    void transizioneBottone(const std::shared_ptr<Istanza> &ist, const std::shared_ptr<Clip> &clip, uint16_t transizione,
+                            uint8_t stato);
 };
 
 void applicaPiazza(Istanza &i, const Piazza &p);

@@ -179,6 +179,8 @@ struct SuoniFilm {
     void attiva(Riproduzione &r, bool si);
     void congeda();
     void azzera();
+    // One sound as a StartSound asks for it, heard only while the film may sound.
+    void avviaSuono(Riproduzione &r, const AvvioSuono &a);
 
 private:
     void avviaFotogramma(Riproduzione &r, const Clip &c, int f);

@@ -31,27 +31,31 @@ void SuoniFilm::entra(Riproduzione &r, const std::shared_ptr<Clip> &c, int f)
 
 void SuoniFilm::avviaFotogramma(Riproduzione &r, const Clip &c, int f)
 {
-    if (!mixer)
+    for (const AvvioSuono &a : c.seq->fotogrammi[static_cast<size_t>(f)].suoni)
+        avviaSuono(r, a);
+}
+
+void SuoniFilm::avviaSuono(Riproduzione &r, const AvvioSuono &a)
+{
+    if (!mixer || !attivo)
         return;
-    for (const AvvioSuono &a : c.seq->fotogrammi[static_cast<size_t>(f)].suoni) {
-        uint16_t id = a.id;
-        if (!a.classe.isEmpty()) {
-            auto n = r.film->nomiEsportati.find(a.classe);
-            if (n == r.film->nomiEsportati.end())
-                continue;
-            id = n->second;
-        }
-        auto s = r.film->suoni.find(id);
-        if (s == r.film->suoni.end())
-            continue;
-        if (a.info.ferma) {
-            mixer->fermaId(id);
-            continue;
-        }
-        if (congedo || (a.info.nonMultiplo && mixer->suonaId(id)))
-            continue;
-        mixer->avvia(id, s->second->pcm, a.info);
+    uint16_t id = a.id;
+    if (!a.classe.isEmpty()) {
+        auto n = r.film->nomiEsportati.find(a.classe);
+        if (n == r.film->nomiEsportati.end())
+            return;
+        id = n->second;
     }
+    auto s = r.film->suoni.find(id);
+    if (s == r.film->suoni.end())
+        return;
+    if (a.info.ferma) {
+        mixer->fermaId(id);
+        return;
+    }
+    if (congedo || (a.info.nonMultiplo && mixer->suonaId(id)))
+        return;
+    mixer->avvia(id, s->second->pcm, a.info);
 }
 
 void SuoniFilm::sincronizza(Riproduzione &r)

@@ -4,6 +4,7 @@
 // screen and the editors' previews use it as their backend.
 
 #include <QByteArray>
+#include <QPointF>
 #include <QColor>
 #include <QRectF>
 #include <QSize>
@@ -66,6 +67,16 @@ public:
     // one again when the film comes back to the same state (every loop).
     // On for every film loaded; off, every frame is drawn anew.
     void impostaCacheQuadri(bool attiva);
+
+    // The pointer over the film, in the coordinates of the rectangle the film
+    // is drawn into with disegna(): buttons light up, go down and run their
+    // actions and sounds. A face on the board never calls these: a click
+    // there belongs to the tile.
+    void muoviPuntatore(const QRectF &target, const QPointF &punto);
+    void premiPuntatore(const QRectF &target, const QPointF &punto);
+    void rilasciaPuntatore(const QRectF &target, const QPointF &punto);
+    void puntatoreUscito();
+    bool puntatoreSuPulsante() const;
 
     // Rough bytes held by this film (file data, decoded bitmaps, caches).
     qint64 memoriaUsata() const;
