@@ -702,6 +702,40 @@ inline QByteArray suoniBottone(int id, const std::array<int, 4> &suoni)
     return tag(17, out);
 }
 
+// PlaceObject2 of a named clip with onClipEvent handlers (event bits: 0x01
+// load, 0x02 enterFrame), flags of 32 bits as films from SWF 6 on write them.
+inline QByteArray piazzaConEventi(int profondita, int carattere, int tx, int ty, const QByteArray &nome,
+                                  const std::vector<std::pair<uint32_t, QByteArray>> &gestori)
+{
+    Bit b;
+    b.u8(0x80 | 0x20 | 0x04 | 0x02);
+    b.u16(profondita);
+    b.u16(carattere);
+    matrice(b, tx, ty);
+    b.stringa(nome);
+    b.u16(0);
+    uint32_t tutti = 0;
+    for (auto &[e, c] : gestori)
+        tutti |= e;
+    b.u32(tutti);
+    for (auto &[e, c] : gestori) {
+        const QByteArray codice = c + QByteArray(1, '\0');
+        b.u32(e);
+        b.u32(static_cast<uint32_t>(codice.size()));
+        b.out += codice;
+    }
+    b.u32(0);
+    return tag(26, b.fine(), true);
+}
+
+// DoInitAction for a clip.
+inline QByteArray azioneIniziale(int sprite, const QByteArray &codice)
+{
+    Bit b;
+    b.u16(sprite);
+    return tag(59, b.fine() + codice + QByteArray(1, '\0'), true);
+}
+
 // AVM1 by hand: each helper gives the bytes of one action.
 namespace as {
 inline QByteArray op(int codice) { return QByteArray(1, static_cast<char>(codice)); }

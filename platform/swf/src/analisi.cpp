@@ -19,6 +19,7 @@ enum Codice : uint16_t {
     DefineSound = 14, StartSound = 15, SoundStreamHead = 18, SoundStreamBlock = 19,
     SoundStreamHead2 = 45, ExportAssets = 56, SymbolClass = 76, StartSound2 = 89,
     DefineButton = 7, DefineButtonSound = 17, DefineButtonCxform = 23, DefineButton2 = 34,
+    DoInitAction = 59,
 };
 
 struct Contesto {
@@ -130,6 +131,30 @@ bool leggiFiltri(Lettore &r, std::vector<Filtro> &filtri)
 
 namespace {
 
+constexpr size_t kMaxAzioniClip = 32;
+
+// The onClipEvent handlers of a placed clip; event flags take 32 bits from SWF 6 on.
+void leggiAzioniClip(Lettore &r, int versioneSwf, std::vector<AzioneClip> &azioni)
+{
+    const bool larghi = versioneSwf >= 6;
+    r.u16();
+    larghi ? r.u32() : r.u16();
+    while (r.ok() && !r.fine()) {
+        const uint32_t eventi = larghi ? r.u32() : r.u16();
+        if (eventi == 0 || !r.ok())
+            return;
+        const uint32_t lunghezza = r.u32();
+        if (!r.ok() || lunghezza > r.restanti())
+            return;
+        Lettore corpo = r.sotto(lunghezza);
+        if (eventi & 0x20000)
+            corpo.u8();  // the key of a keyPress handler
+        if (azioni.size() < kMaxAzioniClip)
+            azioni.push_back(AzioneClip{eventi, QByteArray(reinterpret_cast<const char *>(corpo.qui()),
+                                                           static_cast<qsizetype>(corpo.restanti()))});
+    }
+}
+
 Piazza leggiPiazza(Lettore &r, int tag, int versioneSwf)
 {
     Piazza p;
@@ -193,7 +218,8 @@ Piazza leggiPiazza(Lettore &r, int tag, int versioneSwf)
         if (sfondoOpaco)
             leggiRgba(r);
     }
-    (void)versioneSwf;
+    if ((f1 & 0x80) && r.ok())
+        leggiAzioniClip(r, versioneSwf, p.azioniClip);
     return p;
 }
 
@@ -358,6 +384,12 @@ bool leggiSequenza(Lettore &r, Contesto &ctx, Sequenza &seq, int annidamento)
         case DoAction:
             corrente.azioni.emplace_back(reinterpret_cast<const char *>(t.dati()), static_cast<qsizetype>(t.size()));
             break;
+        case DoInitAction:
+            if (annidamento == 0 && t.restanti() > 2) {
+                t.u16();  // the clip it prepares: its code runs on the main timeline
+                corrente.azioniIniziali.emplace_back(reinterpret_cast<const char *>(t.qui()), static_cast<qsizetype>(t.restanti()));
+            }
+            break;
         case FrameLabel: {
             QByteArray nome = t.stringa().toLower();
             if (!nome.isEmpty() && !seq.etichette.count(nome))
@@ -412,7 +444,7 @@ bool leggiSequenza(Lettore &r, Contesto &ctx, Sequenza &seq, int annidamento)
             break;
         }
     }
-    if (!corrente.comandi.empty() || !corrente.azioni.empty())
+    if (!corrente.comandi.empty() || !corrente.azioni.empty() || !corrente.azioniIniziali.empty())
         seq.fotogrammi.push_back(std::move(corrente));
     // The header's count wins: missing frames are empty (not stored, so a
     // sprite that claims thousands of frames costs nothing), extra ones are

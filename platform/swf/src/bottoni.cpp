@@ -144,7 +144,7 @@ void Riproduzione::statoBottone(Istanza &ist, uint8_t stato, int annidamento)
         p.filtri = pb.filtri;
         p.haFusione = true;
         p.fusione = pb.fusione;
-        if (auto nuova = nuovaIstanza(p, static_cast<int>(k), annidamento + 1))
+        if (auto nuova = nuovaIstanza(p, static_cast<int>(k), annidamento + 1, ist.figli))
             lista[pb.profondita] = nuova;
     }
     c.lista = std::move(lista);

@@ -182,6 +182,13 @@ struct Filtro {
     std::array<float, 20> matrice{};
 };
 
+// An onClipEvent handler: the events it answers and its code.
+enum EventoClip : uint32_t { CaricaClip = 0x01, EntraFotogramma = 0x02 };
+struct AzioneClip {
+    uint32_t eventi = 0;
+    QByteArray codice;
+};
+
 struct Piazza {
     int versione = 2;
     uint16_t profondita = 0;
@@ -206,6 +213,7 @@ struct Piazza {
     bool cache = false;
     bool haVisibile = false;
     bool visibile = true;
+    std::vector<AzioneClip> azioniClip;
 };
 
 struct Comando {
@@ -217,6 +225,7 @@ struct Comando {
 struct Fotogramma {
     std::vector<Comando> comandi;
     std::vector<QByteArray> azioni;  // DoAction bytecode, in file order
+    std::vector<QByteArray> azioniIniziali;  // DoInitAction: once, before the frame's own
     std::vector<AvvioSuono> suoni;   // StartSound, StartSound2
 };
 

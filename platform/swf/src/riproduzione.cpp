@@ -44,9 +44,12 @@ void applicaPiazza(Istanza &i, const Piazza &p)
         i.cache = p.cache;
     if (p.haVisibile)
         i.visibile = p.visibile;
+    if (!p.azioniClip.empty())
+        i.azioniClip = p.azioniClip;
 }
 
-std::shared_ptr<Istanza> Riproduzione::nuovaIstanza(const Piazza &p, int nascita, int annidamento)
+std::shared_ptr<Istanza> Riproduzione::nuovaIstanza(const Piazza &p, int nascita, int annidamento,
+                                                    const std::shared_ptr<Clip> &genitore)
 {
     auto it = film->definizioni.find(p.carattere);
     if (it == film->definizioni.end() || it->second.tipo == Definizione::CarattereT)
@@ -68,6 +71,11 @@ std::shared_ptr<Istanza> Riproduzione::nuovaIstanza(const Piazza &p, int nascita
         ist->figli = std::make_shared<Clip>();
         ist->figli->seq = ist->def.sprite;
         ist->figli->annidamento = annidamento + 1;
+        ist->figli->genitore = genitore;
+        ist->figli->istanza = ist;
+        for (const AzioneClip &a : ist->azioniClip)
+            if (a.eventi & CaricaClip)
+                coda.push_back(Azione{ist->figli, a.codice});
         eseguiFotogramma(ist->figli, 0, true);
     } else if (ist->def.tipo == Definizione::BottoneT) {
         statoBottone(*ist, ParteBottone::Su, annidamento);
@@ -80,6 +88,16 @@ void Riproduzione::accoda(const std::shared_ptr<Clip> &c, int f)
     suoni.entra(*this, c, f);
     if (!c->seq || f < 0 || f >= static_cast<int>(c->seq->fotogrammi.size()))
         return;
+    const Fotogramma &fg = c->seq->fotogrammi[static_cast<size_t>(f)];
+    if (c == radice && !fg.azioniIniziali.empty()) {
+        if (inizialiEseguite.size() <= static_cast<size_t>(f))
+            inizialiEseguite.resize(static_cast<size_t>(f) + 1);
+        if (!inizialiEseguite[static_cast<size_t>(f)]) {
+            inizialiEseguite[static_cast<size_t>(f)] = true;
+            for (const QByteArray &a : fg.azioniIniziali)
+                coda.push_back(Azione{c, a});
+        }
+    }
     for (const QByteArray &a : c->seq->fotogrammi[static_cast<size_t>(f)].azioni)
         coda.push_back(Azione{c, a});
 }
@@ -109,7 +127,7 @@ void Riproduzione::eseguiFotogramma(const std::shared_ptr<Clip> &cp, int f, bool
                 continue;
             if (c.lista.size() >= kMaxIstanze && it == c.lista.end())
                 continue;
-            auto ist = nuovaIstanza(p, f, c.annidamento);
+            auto ist = nuovaIstanza(p, f, c.annidamento, cp);
             if (ist)
                 c.lista[p.profondita] = ist;
             else
@@ -122,7 +140,7 @@ void Riproduzione::eseguiFotogramma(const std::shared_ptr<Clip> &cp, int f, bool
         if (p.haCarattere && p.carattere != ist.carattere) {
             auto d = film->definizioni.find(p.carattere);
             if (d != film->definizioni.end() && d->second.tipo != Definizione::CarattereT) {
-                auto nuova = nuovaIstanza(p, ist.nascita, c.annidamento);
+                auto nuova = nuovaIstanza(p, ist.nascita, c.annidamento, cp);
                 if (nuova) {
                     nuova->matrice = ist.matrice;
                     nuova->colore = ist.colore;
@@ -137,7 +155,13 @@ void Riproduzione::eseguiFotogramma(const std::shared_ptr<Clip> &cp, int f, bool
                 }
             }
         }
-        applicaPiazza(ist, p);
+        if (ist.toccataDaScript && (p.haMatrice || p.haColore)) {
+            Piazza q = p;
+            q.haMatrice = q.haColore = false;
+            applicaPiazza(ist, q);
+        } else {
+            applicaPiazza(ist, p);
+        }
     }
 }
 
@@ -184,16 +208,22 @@ void Riproduzione::ricostruisci(const std::shared_ptr<Clip> &cp, int f)
         if (vecchia != c.lista.end() && vecchia->second->carattere == s.p.carattere &&
             vecchia->second->nascita == s.nascita) {
             auto ist = vecchia->second;
-            // properties come back to what the timeline says at that frame
-            ist->matrice = QTransform();
-            ist->colore = ColorTransform();
+            // properties come back to what the timeline says at that frame,
+            // but for the place and colour a script gave a clip
+            Piazza p = s.p;
+            if (ist->toccataDaScript) {
+                p.haMatrice = p.haColore = false;
+            } else {
+                ist->matrice = QTransform();
+                ist->colore = ColorTransform();
+            }
             ist->rapporto = 0;
             ist->fusione = 0;
             ist->filtri.clear();
-            applicaPiazza(*ist, s.p);
+            applicaPiazza(*ist, p);
             nuova[prof] = ist;
         } else {
-            auto ist = nuovaIstanza(s.p, s.nascita, c.annidamento);
+            auto ist = nuovaIstanza(s.p, s.nascita, c.annidamento, cp);
             if (ist)
                 nuova[prof] = ist;
         }
@@ -237,8 +267,13 @@ void Riproduzione::avanzaAlbero(const std::shared_ptr<Clip> &cp)
     // children created during this tick already showed their first frame
     std::vector<std::shared_ptr<Clip>> figli;
     for (auto &[k, v] : c.lista)
-        if (v->figli && v->tickNascita != tick)
+        if (v->figli && v->tickNascita != tick) {
+            // onClipEvent(enterFrame) runs before the scripts of the frame it enters
+            for (const AzioneClip &a : v->azioniClip)
+                if (a.eventi & EntraFotogramma)
+                    coda.push_back(Azione{v->figli, a.codice});
             figli.push_back(v->figli);
+        }
     for (auto &v : figli)
         avanzaAlbero(v);
 }
@@ -264,6 +299,8 @@ void Riproduzione::inizia()
     coda.clear();
     creazioniPasso = 0;
     puntatore = Puntatore{};
+    inizialiEseguite.clear();
+    semeCasuale = 0x2545F4914F6CDD1Dull;
     tick = 1;
     radice = std::make_shared<Clip>();
     // non-owning: the film outlives its clips

@@ -4,6 +4,7 @@
 // timeline stepping and the queue of frame scripts.
 
 #include "modello.h"
+#include "valori.h"
 
 #include <QImage>
 
@@ -45,6 +46,8 @@ struct Istanza {
     bool visibile = true;
     std::shared_ptr<Clip> figli;  // sprites; for buttons, the characters of the state shown
     uint8_t statoBottone = ParteBottone::Su;
+    std::vector<AzioneClip> azioniClip;  // onClipEvent handlers
+    bool toccataDaScript = false;        // moved by a script: the timeline no longer moves it
     uint64_t tickNascita = 0;
 };
 
@@ -54,6 +57,9 @@ struct Clip {
     bool inRiproduzione = true;
     std::map<int, std::shared_ptr<Istanza>> lista;
     int annidamento = 0;
+    std::weak_ptr<Clip> genitore;     // the clip it is placed in; none for the main timeline
+    std::weak_ptr<Istanza> istanza;   // its place in the parent's list: _x, _alpha, _name...
+    std::map<QByteArray, Valore> variabili;
 };
 
 enum class EventoPuntatore { Muove, Premi, Rilascia, Esce };
@@ -75,6 +81,8 @@ struct Riproduzione {
     // loop in one script, or thousands of small scripts, cannot stall the face
     int64_t istruzioniPasso = 0;
     QImage tampone;  // reused by every draw of the same size
+    uint64_t semeCasuale = 0x2545F4914F6CDD1Dull;  // random(): the same film draws the same numbers
+    std::vector<bool> inizialiEseguite;             // frames of the main timeline whose DoInitAction ran
     SuoniFilm suoni;
 
     // Films loop: a picture already drawn for the same state of the display
@@ -103,7 +111,8 @@ struct Riproduzione {
     void ricostruisci(const std::shared_ptr<Clip> &c, int f);
     void accoda(const std::shared_ptr<Clip> &c, int f);
     void avanzaAlbero(const std::shared_ptr<Clip> &c);
-    std::shared_ptr<Istanza> nuovaIstanza(const Piazza &p, int nascita, int annidamento);
+    std::shared_ptr<Istanza> nuovaIstanza(const Piazza &p, int nascita, int annidamento,
+                                          const std::shared_ptr<Clip> &genitore = {});
 
     // Buttons (bottoni.cpp). Points are in twips of the stage.
     struct Puntatore {
