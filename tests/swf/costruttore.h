@@ -3,6 +3,7 @@
 // Builds small SWF files byte by byte for the tests.
 
 #include <QByteArray>
+#include <QString>
 
 #include <lzma.h>
 #include <zlib.h>
@@ -734,6 +735,138 @@ inline QByteArray azioneIniziale(int sprite, const QByteArray &codice)
     Bit b;
     b.u16(sprite);
     return tag(59, b.fine() + codice + QByteArray(1, '\0'), true);
+}
+
+// Fonts and text. A device font: its glyphs have no outlines, only characters.
+inline QByteArray fontDispositivo(int id, const QByteArray &nome, const QString &caratteri, bool grassetto = false)
+{
+    Bit b;
+    b.u16(id);
+    b.u8(0x04 | (grassetto ? 0x01 : 0));  // wide codes
+    b.u8(0);
+    b.u8(static_cast<int>(nome.size()));
+    b.out += nome;
+    const int n = static_cast<int>(caratteri.size());
+    b.u16(n);
+    // offsets from the start of the offset table: each glyph is an empty shape of 2 bytes
+    const int tabella = 2 * n + 2;
+    for (int i = 0; i < n; ++i)
+        b.u16(tabella + 2 * i);
+    b.u16(tabella + 2 * n);
+    for (int i = 0; i < n; ++i) {
+        b.u8(0x10);
+        b.u8(0x00);
+    }
+    for (QChar c : caratteri)
+        b.u16(c.unicode());
+    return tag(48, b.fine(), true);
+}
+
+// A font whose every glyph is a square from (100, -700) to (700, 0) on a 1024
+// em, with a layout: ascent 800, descent 200, advance 800.
+inline QByteArray fontQuadrati(int id, const QByteArray &nome, const QString &caratteri)
+{
+    Bit g;
+    g.ub(1, 4);
+    g.ub(0, 4);
+    g.ub(0, 1);
+    g.ub(0b00101, 5);
+    const int n5 = std::max(bitPer(100), bitPer(-700));
+    g.ub(static_cast<uint32_t>(n5), 5);
+    g.sb(100, n5); g.sb(-700, n5);
+    g.ub(1, 1);
+    auto retta = [&](int dx, int dy) {
+        g.ub(1, 1); g.ub(1, 1);
+        int nb = std::max({bitPer(dx), bitPer(dy), 2});
+        g.ub(static_cast<uint32_t>(nb - 2), 4);
+        g.ub(1, 1);
+        g.sb(dx, nb); g.sb(dy, nb);
+    };
+    retta(600, 0);
+    retta(0, 700);
+    retta(-600, 0);
+    retta(0, -700);
+    g.ub(0, 6);
+    const QByteArray glifo = g.fine();
+    Bit b;
+    b.u16(id);
+    b.u8(0x80 | 0x04);  // layout, wide codes
+    b.u8(0);
+    b.u8(static_cast<int>(nome.size()));
+    b.out += nome;
+    const int n = static_cast<int>(caratteri.size());
+    b.u16(n);
+    const int tabella = 2 * n + 2;
+    for (int i = 0; i < n; ++i)
+        b.u16(tabella + static_cast<int>(glifo.size()) * i);
+    b.u16(tabella + static_cast<int>(glifo.size()) * n);
+    for (int i = 0; i < n; ++i)
+        b.out += glifo;
+    for (QChar c : caratteri)
+        b.u16(c.unicode());
+    b.u16(800);
+    b.u16(200);
+    b.u16(0);
+    for (int i = 0; i < n; ++i)
+        b.u16(800);
+    for (int i = 0; i < n; ++i)
+        rect(b, 100, 700, -700, 0);
+    b.u16(0);
+    return tag(48, b.fine(), true);
+}
+
+// DefineText2: one record of glyph indices in a font, each `avanzo` twips on.
+inline QByteArray testoStatico(int id, int font, int altezza, uint32_t rgba, int x, int y, const std::vector<int> &glifi, int avanzo)
+{
+    Bit b;
+    b.u16(id);
+    rect(b, 0, 4000, 0, 4000);
+    matrice(b, 0, 0);
+    const int bitG = 8, bitA = std::max(bitPer(avanzo), 2);
+    b.u8(bitG);
+    b.u8(bitA);
+    b.u8(0x80 | 0x08 | 0x04 | 0x02 | 0x01);
+    b.u16(font);
+    coloreFiltro(b, rgba);
+    b.u16(x & 0xffff);
+    b.u16(y & 0xffff);
+    b.u16(altezza);
+    b.u8(static_cast<int>(glifi.size()));
+    for (int gl : glifi) {
+        b.ub(static_cast<uint32_t>(gl), bitG);
+        b.sb(avanzo, bitA);
+    }
+    b.allinea();
+    b.u8(0);
+    return tag(33, b.fine(), true);
+}
+
+struct OpzioniCampo {
+    bool html = false, contorni = false, aCapo = false;
+    int allinea = 0;
+    int leading = 0;
+};
+
+// DefineEditText over (0, 0)-(larghezza, altezza) twips.
+inline QByteArray campoTesto(int id, int larghezza, int altezza, int font, int altezzaFont, uint32_t rgba, const QByteArray &testo,
+                             const OpzioniCampo &o = {})
+{
+    Bit b;
+    b.u16(id);
+    rect(b, 0, larghezza, 0, altezza);
+    b.u8(0x80 | (o.aCapo ? 0x40 | 0x20 : 0) | 0x08 | 0x04 | 0x01);
+    b.u8(0x20 | (o.html ? 0x02 : 0) | (o.contorni ? 0x01 : 0));
+    b.u16(font);
+    b.u16(altezzaFont);
+    coloreFiltro(b, rgba);
+    b.u8(o.allinea);
+    b.u16(0);
+    b.u16(0);
+    b.u16(0);
+    b.u16(o.leading & 0xffff);
+    b.stringa("");
+    b.stringa(testo);
+    return tag(37, b.fine(), true);
 }
 
 // AVM1 by hand: each helper gives the bytes of one action.

@@ -19,7 +19,7 @@ enum Codice : uint16_t {
     DefineSound = 14, StartSound = 15, SoundStreamHead = 18, SoundStreamBlock = 19,
     SoundStreamHead2 = 45, ExportAssets = 56, SymbolClass = 76, StartSound2 = 89,
     DefineButton = 7, DefineButtonSound = 17, DefineButtonCxform = 23, DefineButton2 = 34,
-    DoInitAction = 59,
+    DoInitAction = 59, DefineFontInfo = 13, DefineFontInfo2 = 62,
 };
 
 struct Contesto {
@@ -322,6 +322,10 @@ void leggiDefinizione(Lettore &t, int codice, Contesto &ctx, int annidamento)
     case DefineButtonSound:
         t.vaiA(0);
         leggiSuoniBottone(t, film);
+        return;
+    case DefineFontInfo: case DefineFontInfo2:
+        t.vaiA(0);
+        leggiInfoCarattere(t, codice == DefineFontInfo ? 1 : 2, film);
         return;
     case DefineSprite: {
         if (annidamento >= kMaxNesting)

@@ -4,6 +4,7 @@
 
 #include "filtri.h"
 #include "riproduzione.h"
+#include "testo.h"
 
 #include "swf/filmato.h"
 
@@ -467,6 +468,27 @@ void perOgniGlifo(const Ctx &ctx, const Testo &t, const QTransform &m, F &&f)
     }
 }
 
+// Static text in a device font: the font carries the characters, not their outlines.
+void disegnaTestoDispositivo(QPainter &p, const Testo &t, const QTransform &m, const ColorTransform &cx, const Ctx &ctx)
+{
+    for (const VoceTesto &v : t.voci) {
+        auto it = ctx.film.definizioni.find(v.font);
+        if (it == ctx.film.definizioni.end() || it->second.tipo != Definizione::CarattereT)
+            continue;
+        const Carattere &c = *it->second.carattere;
+        if (c.codici.empty())
+            continue;
+        double x = v.x;
+        const QColor colore = cx.applica(v.colore);
+        for (auto &[g, avanzo] : v.glifi) {
+            if (g < c.codici.size() && (g >= c.glifi.size() || c.glifi[g].percorso.isEmpty()) && paga(ctx, 16))
+                disegnaCarattereDispositivo(p, c, g, QTransform(v.altezza / 1024, 0, 0, v.altezza / 1024, x, v.y) * t.matrice * m,
+                                            colore);
+            x += avanzo;
+        }
+    }
+}
+
 void disegnaClip(QPainter &p, const Clip &c, const QTransform &mondo, const ColorTransform &cx, Ctx &ctx);
 
 QPainterPath percorsoMaschera(const Istanza &i, const QTransform &genitore, const Ctx &ctx, int annidamento)
@@ -572,37 +594,6 @@ void componi(QPainter &p, const QImage &strato, int modo, const Ctx &ctx)
     p.restore();
 }
 
-void disegnaCampo(QPainter &p, const CampoTesto &c, const QTransform &m, const ColorTransform &cx, const Ctx &ctx)
-{
-    p.setTransform(m);
-    if (c.bordo) {
-        QPen pen(cx.applica(Rgba{0, 0, 0, 255}));
-        pen.setCosmetic(true);
-        pen.setWidthF(1);
-        p.setPen(pen);
-        p.setBrush(cx.applica(Rgba{255, 255, 255, 255}));
-        p.drawRect(c.limiti);
-        p.setPen(Qt::NoPen);
-        p.setBrush(Qt::NoBrush);
-    }
-    // system fonts need a GUI application; without one (tools, fuzzing) only the box is drawn
-    if (c.testo.isEmpty() || !qobject_cast<QGuiApplication *>(QCoreApplication::instance()))
-        return;
-    QFont f(QStringLiteral("Sans Serif"));
-    auto it = ctx.film.definizioni.find(c.font);
-    if (it != ctx.film.definizioni.end() && it->second.carattere) {
-        f.setBold(it->second.carattere->grassetto);
-        f.setItalic(it->second.carattere->corsivo);
-    }
-    f.setPixelSize(std::max(1, static_cast<int>(c.altezza)));
-    p.setFont(f);
-    p.setPen(cx.applica(c.colore));
-    QRectF area = c.limiti.adjusted(40 + c.margineSx, 40, -40 - c.margineDx, -40);
-    int al = c.allinea == 1 ? Qt::AlignRight : c.allinea == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
-    p.drawText(area, al | Qt::AlignTop | (c.aCapo ? Qt::TextWordWrap : 0), c.testo);
-    p.setPen(Qt::NoPen);
-}
-
 void disegnaContenuto(QPainter &p, const Istanza &i, const QTransform &m, const ColorTransform &cx, Ctx &ctx)
 {
     switch (i.def.tipo) {
@@ -619,6 +610,7 @@ void disegnaContenuto(QPainter &p, const Istanza &i, const QTransform &m, const 
             p.setTransform(gm);
             p.fillPath(g, cx.applica(v.colore));
         });
+        disegnaTestoDispositivo(p, *i.def.testo, m, cx, ctx);
         break;
     case Definizione::BitmapT: {
         const QImage *img = bitmapDi(ctx, i.carattere);
@@ -638,7 +630,7 @@ void disegnaContenuto(QPainter &p, const Istanza &i, const QTransform &m, const 
             disegnaClip(p, *i.figli, m, i.def.bottone->haColore ? cx.dopo(i.def.bottone->colore) : cx, ctx);
         break;
     case Definizione::CampoT:
-        disegnaCampo(p, *i.def.campo, m, cx, ctx);
+        disegnaCampoTesto(p, ctx.film, *i.def.campo, m, cx, ctx.lavoro);
         break;
     default:
         break;

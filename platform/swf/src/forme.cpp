@@ -695,7 +695,56 @@ bool leggiCarattere(Lettore &r, int versione, Carattere &c)
         }
         c.glifi.push_back(Glifo{percorsoGlifo(Lettore(r.dati() + inizio, fine - inizio))});
     }
+    // the code table, then the layout: a font read without them still draws its glyphs
+    if (n > 0)
+        r.vaiA(base + codici);
+    const bool codiciLarghi = flags & 0x04;
+    for (size_t i = 0; i < n && r.ok(); ++i)
+        c.codici.push_back(codiciLarghi ? r.u16() : r.u8());
+    if (!r.ok()) {
+        c.codici.clear();
+        return true;
+    }
+    if (flags & 0x80) {
+        c.ascesa = r.u16();
+        c.discesa = r.u16();
+        c.interlinea = r.s16();
+        for (size_t i = 0; i < n && r.ok(); ++i)
+            c.avanzi.push_back(r.s16());
+        c.haLayout = r.ok();
+        if (!c.haLayout)
+            c.avanzi.clear();
+    }
     return true;
+}
+
+void leggiInfoCarattere(Lettore &r, int versione, Film &film)
+{
+    const uint16_t id = r.u16();
+    auto it = film.definizioni.find(id);
+    if (it == film.definizioni.end() || !it->second.carattere)
+        return;
+    Carattere &c = *it->second.carattere;
+    const int ln = r.u8();
+    QByteArray nome;
+    if (static_cast<size_t>(ln) <= r.restanti())
+        nome = QByteArray(reinterpret_cast<const char *>(r.qui()), ln);
+    r.salta(static_cast<size_t>(ln));
+    while (nome.endsWith('\0'))
+        nome.chop(1);
+    const uint8_t flags = r.u8();
+    if (versione == 2)
+        r.u8();  // language
+    if (!r.ok())
+        return;
+    c.nome = nome;
+    c.grassetto = flags & 0x02;
+    c.corsivo = flags & 0x04;
+    const bool larghi = versione == 2 || (flags & 0x01);
+    std::vector<uint16_t> codici;
+    for (size_t i = 0; i < c.glifi.size() && r.restanti() >= (larghi ? 2u : 1u); ++i)
+        codici.push_back(larghi ? r.u16() : r.u8());
+    c.codici = std::move(codici);
 }
 
 bool leggiTesto(Lettore &r, int versione, Testo &t)
@@ -753,6 +802,7 @@ bool leggiCampoTesto(Lettore &r, int versioneSwf, CampoTesto &c)
     c.multilinea = f1 & 0x20;
     c.bordo = f2 & 0x08;
     c.html = f2 & 0x02;
+    c.contorni = f2 & 0x01;
     if (f1 & 0x01)
         c.font = r.u16();
     if (f2 & 0x80)
@@ -770,26 +820,16 @@ bool leggiCampoTesto(Lettore &r, int versioneSwf, CampoTesto &c)
         c.margineSx = r.u16();
         c.margineDx = r.u16();
         r.u16();
-        r.s16();
+        c.interlinea = r.s16();
     }
     r.stringa();
     if (f1 & 0x80) {
         QByteArray t = r.stringa();
         c.testo = versioneSwf >= 6 ? QString::fromUtf8(t) : QString::fromLatin1(t);
-        if (c.html) {
-            c.testo.replace(QLatin1String("<br>"), QLatin1String("\n"), Qt::CaseInsensitive);
-            c.testo.replace(QLatin1String("</p>"), QLatin1String("\n"), Qt::CaseInsensitive);
-            QString semplice;
-            bool inTag = false;
-            for (QChar ch : c.testo) {
-                if (ch == '<') inTag = true;
-                else if (ch == '>') inTag = false;
-                else if (!inTag) semplice += ch;
-            }
-            semplice.replace(QLatin1String("&lt;"), QLatin1String("<")).replace(QLatin1String("&gt;"), QLatin1String(">"))
-                .replace(QLatin1String("&quot;"), QLatin1String("\"")).replace(QLatin1String("&amp;"), QLatin1String("&"));
-            c.testo = semplice.trimmed();
-        }
+        PezzoTesto base;
+        base.colore = c.colore;
+        base.altezza = c.altezza;
+        c.paragrafi = c.html ? paragrafiDaHtml(c.testo, base, c.allinea) : paragrafiSemplici(c.testo, base, c.allinea);
     }
     return r.ok() || !c.limiti.isEmpty();
 }

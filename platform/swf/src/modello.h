@@ -142,9 +142,29 @@ struct Carattere {
     double unitaEm = 1024;
     QByteArray nome;
     bool grassetto = false, corsivo = false;
+    std::vector<uint16_t> codici;  // the character of each glyph (DefineFont2/3, DefineFontInfo)
+    // the font's own layout, in font units, when it has one
+    bool haLayout = false;
+    double ascesa = 0, discesa = 0, interlinea = 0;
+    std::vector<double> avanzi;
 };
 
-// A dynamic or input text field, drawn with a system font.
+// A run of text of one look, and a paragraph of runs: what a field shows,
+// from its plain text or from the simple HTML authoring tools wrote.
+struct PezzoTesto {
+    QString testo;
+    bool grassetto = false, corsivo = false;
+    Rgba colore;
+    double altezza = 240;  // twips
+    QByteArray faccia;     // empty: the field's own font
+};
+struct Paragrafo {
+    int allinea = 0;  // 0 left, 1 right, 2 centre, 3 justify
+    std::vector<PezzoTesto> pezzi;
+};
+
+// A dynamic or input text field: drawn with its embedded font when it asks
+// for it (UseOutlines), otherwise with a system font.
 struct CampoTesto {
     QRectF limiti;
     uint16_t font = 0;
@@ -154,7 +174,10 @@ struct CampoTesto {
     bool bordo = false, html = false, multilinea = false, aCapo = false;
     int allinea = 0;
     double margineSx = 0, margineDx = 0;
+    double interlinea = 0;  // twips between lines
+    bool contorni = false;  // drawn with the glyphs of its embedded font
     QString testo;
+    std::vector<Paragrafo> paragrafi;
 };
 
 struct VoceTesto {
@@ -305,6 +328,10 @@ std::shared_ptr<Forma> formaMorph(Morph &m, int rapporto);
 bool leggiCarattere(Lettore &r, int versione, Carattere &c);
 bool leggiTesto(Lettore &r, int versione, Testo &t);
 bool leggiCampoTesto(Lettore &r, int versioneSwf, CampoTesto &c);
+void leggiInfoCarattere(Lettore &r, int versione, Film &film);
+// testo.cpp
+std::vector<Paragrafo> paragrafiDaHtml(const QString &html, const PezzoTesto &base, int allinea);
+std::vector<Paragrafo> paragrafiSemplici(const QString &testo, const PezzoTesto &base, int allinea);
 const QPainterPath &contornoForma(Forma &f);
 // immagini.cpp
 const QImage &decodificaBitmap(ImmagineBitmap &b, const QByteArray &tabelle);
