@@ -39,12 +39,15 @@ void Colori::MouseMoveCornice()
 QString CaptionPiuLunga(const QString &si, const QString &no) { return si.size() > no.size() ? si : no; }
 
 double AdattaCarattere(const QString &testo, double partenza, double larghezza,
-                       const std::function<QSizeF(const QString &, double)> &misura)
+                       const std::function<QSizeF(const QString &, double)> &misura, double altezza)
 {
     double punti = partenza;
     // An empty text never grows; the platform's limit ends the loop.
-    while (misura(testo, punti).width() < larghezza && punti < 2048)
+    while (misura(testo, punti).width() < larghezza && punti < 2048) {
+        if (misura(testo, punti + 1).height() > altezza)
+            break;
         punti += 1;
+    }
     return punti;
 }
 

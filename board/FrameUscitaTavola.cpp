@@ -10,6 +10,10 @@
 #include "platform/Twips.h"
 
 #include <QFontMetricsF>
+#include <QStringList>
+
+#include <algorithm>
+#include <cmath>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QLabel>
@@ -139,14 +143,48 @@ void FrameUscitaTavola::mouseMoveEvent(QMouseEvent *e)
     mostraColori();
 }
 
-double FrameUscitaTavola::adatta(double partenza, double larghezzaTwips)
+// The height, in pixels, a centred line of `testo` needs so that no part of
+// its glyphs (an accent above the capitals, a tail below the line) is cut.
+static double altezzaInchiostro(const QFont &font, const QString &testo)
+{
+    const QFontMetricsF fm(font);
+    const QRectF inchiostro = fm.tightBoundingRect(testo);
+    // The line's box is centred: the ink may stand out of it above or below.
+    const double sopra = -inchiostro.top() - fm.ascent();
+    const double sotto = inchiostro.bottom() - fm.descent();
+    return fm.height() + 2 * std::max({0.0, sopra, sotto}) + 2; // a pixel to spare at each side
+}
+
+double FrameUscitaTavola::adatta(double partenza, double larghezzaTwips, double altezzaTwips)
 {
     const QFont base = LabelDimensionaFont->font();
-    return AdattaCarattere(LabelDimensionaFont->text(), partenza, larghezzaTwips, [&](const QString &t, double p) {
-        QFont f = base;
-        f.setPointSizeF(p);
-        return QSizeF(QFontMetricsF(f).horizontalAdvance(t) * TwipsPerPixel, 0);
-    });
+    // Both answers take the size found, so both must fit its height.
+    const QStringList risposte = {LabelSi->text(), LabelNo->text()};
+    return AdattaCarattere(
+        LabelDimensionaFont->text(), partenza, larghezzaTwips,
+        [&](const QString &t, double p) {
+            QFont f = base;
+            f.setPointSizeF(p);
+            double alto = 0;
+            for (const QString &r : risposte)
+                if (!r.isEmpty())
+                    alto = std::max(alto, altezzaInchiostro(f, r));
+            return QSizeF(QFontMetricsF(f).horizontalAdvance(t) * TwipsPerPixel, alto * TwipsPerPixel);
+        },
+        altezzaTwips);
+}
+
+// Each answer's label spans the whole height of its face, centred on it as
+// the label of the design is: on a screen wider in proportion than the
+// design's, the face is what bounds the letters' height.
+void FrameUscitaTavola::etichetteAltezzaFaccia()
+{
+    for (Etichetta *l : {LabelNo, LabelSi}) {
+        GeometriaTwips g = LeggiGeometria(l);
+        g.Top = 0;
+        g.Height = LeggiGeometria(l->parentWidget()).Height;
+        ScriviGeometria(l, g);
+    }
 }
 
 void FrameUscitaTavola::PresentaFinestraUscita(bool puntatoreSistema, double coloreForm)
@@ -172,9 +210,11 @@ void FrameUscitaTavola::PresentaFinestraUscita(bool puntatoreSistema, double col
         w->setCursor(puntatoreSistema ? QCursor(Qt::ArrowCursor) : grande);
     mostraColori();
 
+    etichetteAltezzaFaccia();
     // First pass, from the size the measuring label has.
     LabelDimensionaFont->setText(CaptionPiuLunga(LabelSi->text(), LabelNo->text()));
-    double punti = adatta(LabelDimensionaFont->font().pointSizeF(), LeggiGeometria(LabelNo).Width);
+    double punti = adatta(LabelDimensionaFont->font().pointSizeF(), LeggiGeometria(LabelNo).Width,
+                          LeggiGeometria(LabelNo).Height);
     for (QLabel *l : {static_cast<QLabel *>(LabelNo), static_cast<QLabel *>(LabelSi)}) {
         QFont f = l->font();
         f.setPointSizeF(punti);
@@ -184,7 +224,7 @@ void FrameUscitaTavola::PresentaFinestraUscita(bool puntatoreSistema, double col
     PortaMousePosizione();
     // The second pass decides.
     LabelDimensionaFont->setText(CaptionPiuLunga(LabelSi->text(), LabelNo->text()));
-    punti = adatta(12, LeggiGeometria(LabelSi).Width);
+    punti = adatta(12, LeggiGeometria(LabelSi).Width, LeggiGeometria(LabelSi).Height);
     QFont fd = LabelDimensionaFont->font();
     fd.setPointSizeF(punti);
     LabelDimensionaFont->setFont(fd);

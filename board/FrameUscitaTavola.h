@@ -63,5 +63,6 @@ protected:
 
 private:
     void mostraColori();
-    double adatta(double partenza, double larghezzaTwips);
+    double adatta(double partenza, double larghezzaTwips, double altezzaTwips);
+    void etichetteAltezzaFaccia();
 };

@@ -6,6 +6,7 @@
 #include "board/FrameUscitaTavola.h"
 #include "board/RegistraBoard.h"
 #include "lang/modLanguageSupport.h"
+#include "platform/Caratteri.h"
 #include "platform/Casuale.h"
 #include "platform/Colori.h"
 #include "platform/Controlli.h"
@@ -15,6 +16,8 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QFontInfo>
+#include <QFontMetricsF>
 #include <QLabel>
 #include <QPushButton>
 
@@ -275,7 +278,9 @@ private slots:
         QCOMPARE(u->PictureSi->palette().color(QPalette::Window), QColor(0xE0, 0xE0, 0xE0));
     }
 
-    void aVeryShortTextGetsABigFontThatJustReachesTheLabelWidth()
+    // The size grows until the text reaches the label's width, unless the
+    // next size would be taller than the label (the whole height of its face).
+    void aVeryShortTextGetsABigFontUpToTheLabelsWidthOrItsHeight()
     {
         ScriviVoce(PercorsoFileLingua(QStringLiteral("Italiano")), QStringLiteral("Strings"), QStringLiteral("0005"),
                    QStringLiteral("S"));
@@ -287,14 +292,25 @@ private slots:
         QCOMPARE(l->text(), QStringLiteral("S"));
         const double punti = l->font().pointSizeF();
         QVERIFY2(punti > 40, qPrintable(QString::number(punti)));
-        auto larghezza = [&](double p) {
+        auto font = [&](double p) {
             QFont fo = l->font();
             fo.setPointSizeF(p);
-            return QFontMetricsF(fo).horizontalAdvance(QStringLiteral("N")) * TwipsPerPixel;
+            return fo;
         };
-        const double etichetta = LeggiGeometria(l).Width;
-        QVERIFY(larghezza(punti) >= etichetta);
-        QVERIFY(larghezza(punti - 1) < etichetta);
+        auto larghezza = [&](double p) { return QFontMetricsF(font(p)).horizontalAdvance(QStringLiteral("N")) * TwipsPerPixel; };
+        auto alto = [&](double p) {
+            double a = 0;
+            for (const QString &t : {QStringLiteral("S"), QStringLiteral("N")})
+                a = std::max(a, QFontMetricsF(font(p)).tightBoundingRect(t).height());
+            return a * TwipsPerPixel;
+        };
+        const GeometriaTwips g = LeggiGeometria(l);
+        QVERIFY(larghezza(punti - 1) < g.Width);
+        QVERIFY(alto(punti) <= g.Height);
+        // Short of the width, only because one point more needs a taller line (a pixel spare each side).
+        if (larghezza(punti) < g.Width)
+            QVERIFY2((QFontMetricsF(font(punti + 1)).height() + 2) * TwipsPerPixel > g.Height,
+                     "the size stopped short of both the width and the height");
     }
 
     void inManualScanningOnGGSpaceReachesTheFormWithoutTheFocusHolder()
@@ -408,23 +424,91 @@ private slots:
 
     // --- the reward ------------------------------------------------------------
 
+    // The answers of the exit question are read whole on every screen, in
+    // the face the game gives them, however the screen's shape stretches the
+    // box: the glyphs, accent included, lie inside the label and its face.
+    void theExitQuestionShowsBothAnswersWholeInTheGamesFont_data()
+    {
+        QTest::addColumn<QString>("tavola");
+        QTest::addColumn<QRect>("schermo");
+        for (const char *t : {"FormmemSS", "FormmemPS"}) {
+            QTest::addRow("%s 1024x768", t) << QString::fromLatin1(t) << QRect(0, 0, 1024, 768);
+            QTest::addRow("%s 1920x1080", t) << QString::fromLatin1(t) << QRect(0, 0, 1920, 1080);
+            QTest::addRow("%s 1280x1024", t) << QString::fromLatin1(t) << QRect(0, 0, 1280, 1024);
+            QTest::addRow("%s 2560x1080", t) << QString::fromLatin1(t) << QRect(0, 0, 2560, 1080);
+        }
+    }
+    void theExitQuestionShowsBothAnswersWholeInTheGamesFont()
+    {
+        QFETCH(QString, tavola);
+        QFETCH(QRect, schermo);
+        ImpostaSchermoPerProve(schermo);
+        struct Ripristino {
+            ~Ripristino() { ImpostaSchermoPerProve(QRect(0, 0, 1024, 768)); }
+        } ripristino;
+        FormTavola *f = apri(tavola);
+        QVERIFY(f);
+        QCOMPARE(f->geometry(), schermo);
+        f->mnuEsci_Click();
+        QVERIFY(f->FrameUscita->isVisible());
+        const QString famiglia = QFontInfo(FontGioco(QStringLiteral("Comic Sans MS"), 12, true)).family();
+        for (Etichetta *l : {f->FrameUscita->LabelSi, f->FrameUscita->LabelNo}) {
+            QVERIFY(!l->text().isEmpty());
+            const QFont font = l->font();
+            QCOMPARE(QFontInfo(font).family(), famiglia);
+            QVERIFY(QFontInfo(font).bold());
+            // Where a centred line puts the ink of its glyphs.
+            const QFontMetricsF fm(font);
+            const QRectF r = l->contentsRect();
+            const QPointF origine(r.left() + (r.width() - fm.horizontalAdvance(l->text())) / 2,
+                                  r.top() + (r.height() - fm.height()) / 2 + fm.ascent());
+            const QRectF inchiostro = fm.tightBoundingRect(l->text()).translated(origine);
+            const QRectF margine = inchiostro.adjusted(1, 1, -1, -1);
+            const QString dove = QStringLiteral("\"%1\" at %2 pt: ink %3,%4 %5x%6 in a label of %7x%8")
+                                     .arg(l->text())
+                                     .arg(font.pointSizeF())
+                                     .arg(inchiostro.left()).arg(inchiostro.top())
+                                     .arg(inchiostro.width()).arg(inchiostro.height())
+                                     .arg(r.width()).arg(r.height());
+            QVERIFY2(QRectF(r).contains(margine), qPrintable(dove));
+            QVERIFY2(QRectF(l->parentWidget()->rect()).contains(margine.translated(l->pos())), qPrintable(dove));
+            // Big enough to be read across a room: at least half the label's design height.
+            QVERIFY2(inchiostro.height() >= r.height() / 2, qPrintable(dove));
+        }
+    }
+
     void aKeyInTheRewardsFirstSecondDoesNothingAndEnterAfterItCloses()
     {
-        FormPremio *p = nullptr;
-        bool chiusoPresto = true, aperto = false;
-        QTimer::singleShot(5, [&] {
-            p = qobject_cast<FormPremio *>(Schermi::Riferimento(QStringLiteral("FormPremio")));
-            QVERIFY(p);
-            QVERIFY(!p->Command1->isEnabled());
-            QTest::keyClick(p->Command1, Qt::Key_Return);
-            QTest::keyClick(p, Qt::Key_Space);
-            chiusoPresto = !p->isVisible();
-            QTimer::singleShot(30, [&] {
-                aperto = p->isVisible() && p->Command1->isEnabled();
-                QTest::keyClick(p->Command1, Qt::Key_Space);
-            });
+        // Each step waits for the screen to reach its state, never for a
+        // time: the first second is the activation's wait running, its end
+        // is the button enabled.
+        bool inPrimoSecondo = false, chiusoPresto = true, aperto = false;
+        QTimer sonda;
+        int fase = 0;
+        connect(&sonda, &QTimer::timeout, this, [&] {
+            auto *p = qobject_cast<FormPremio *>(Schermi::Riferimento(QStringLiteral("FormPremio")));
+            if (!p || !p->isVisible())
+                return;
+            if (fase == 0) {
+                if (AtteseInCorso() == 0)
+                    return; // not yet activated
+                fase = 1;
+                inPrimoSecondo = !p->Command1->isEnabled();
+                QTest::keyClick(p->Command1, Qt::Key_Return);
+                QTest::keyClick(p, Qt::Key_Space);
+                chiusoPresto = !p->isVisible();
+                return;
+            }
+            if (!p->Command1->isEnabled() || AtteseInCorso() > 0)
+                return;
+            sonda.stop();
+            aperto = p->isVisible();
+            QTest::keyClick(p->Command1, Qt::Key_Space);
         });
+        sonda.start(5);
         Schermi::MostraModale(QStringLiteral("FormPremio"));
+        sonda.stop();
+        QVERIFY(inPrimoSecondo);
         QVERIFY(!chiusoPresto);
         QVERIFY(aperto);
         QVERIFY(!Schermi::Riferimento(QStringLiteral("FormPremio")));
@@ -461,13 +545,20 @@ private slots:
 
     void aRewardWithNoFilmsShowsItsColourAndButtonAndNoMessage()
     {
+        // Looked at once the screen's activation is over: its button enabled.
         bool vuoto = false;
-        QTimer::singleShot(5, [&] {
+        QTimer sonda;
+        connect(&sonda, &QTimer::timeout, this, [&] {
             auto *p = qobject_cast<FormPremio *>(Schermi::Riferimento(QStringLiteral("FormPremio")));
+            if (!p || !p->isVisible() || !p->Command1->isEnabled() || AtteseInCorso() > 0)
+                return;
+            sonda.stop();
             vuoto = p->ShockwaveFlash1->NomeMotore().isEmpty() && p->Command1->isVisible();
-            QTimer::singleShot(30, [p] { p->Command1->click(); });
+            p->Command1->click();
         });
+        sonda.start(5);
         Schermi::MostraModale(QStringLiteral("FormPremio"));
+        sonda.stop();
         QVERIFY(vuoto);
         QVERIFY(amb->scatole.empty());
     }

@@ -73,6 +73,25 @@ private slots:
         QTEST(p, "atteso");
     }
 
+    void theFitTakesNoStepThatMakesTheTextTallerThanTheLabel_data()
+    {
+        QTest::addColumn<double>("altezza");
+        QTest::addColumn<double>("atteso");
+        // Ten twips wide and twelve high for each point: the width is reached at 100 points.
+        QTest::newRow("height to spare") << 2000.0 << 100.0;
+        QTest::newRow("height reached exactly") << 1200.0 << 100.0;
+        QTest::newRow("height bounds first") << 900.0 << 75.0;
+        QTest::newRow("already too tall") << 100.0 << 12.0;
+    }
+    void theFitTakesNoStepThatMakesTheTextTallerThanTheLabel()
+    {
+        QFETCH(double, altezza);
+        const double p = AdattaCarattere(
+            QStringLiteral("S"), 12, 1000,
+            [](const QString &t, double punti) { return QSizeF(t.size() * punti * 10, punti * 12); }, altezza);
+        QTEST(p, "atteso");
+    }
+
     void thePointerGoesToTopAndLeftWithHalvesTakenAwayAndVerticalIntoX()
     {
         QCOMPARE(PosizionePortaMouse(3000, 2000, 8055, 4455), QPoint(3000 - 2227, 2000 - 4027));
