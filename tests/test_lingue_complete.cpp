@@ -73,6 +73,21 @@ QSet<QString> chiaviDelCodice()
     return r;
 }
 
+QString valoreDi(const QString &testo, const QString &chiave)
+{
+    bool dentro = false;
+    for (const QString &riga : DividiRighe(testo)) {
+        const QString t = riga.trimmed();
+        if (t.startsWith(u'[')) {
+            dentro = t.mid(1, t.indexOf(u']') - 1).compare(QLatin1String("Strings"), Qt::CaseInsensitive) == 0;
+            continue;
+        }
+        if (dentro && t.contains(u'=') && t.section(u'=', 0, 0).trimmed() == chiave)
+            return t.section(u'=', 1).trimmed();
+    }
+    return {};
+}
+
 bool daTradurre(const QString &caption)
 {
     for (QChar c : caption)
@@ -101,6 +116,33 @@ private slots:
         }
         mancanti.sort();
         QVERIFY2(mancanti.isEmpty(), qPrintable(mancanti.join(u'\n')));
+    }
+
+    // The words-and-films and words-and-pictures boards label the status bar
+    // with one key whatever the number of players: alone it counts moves, with
+    // several players the pairs each one found. Its text must say both, in the
+    // words the other boards use for each.
+    void theOneStatusLabelOfTheWordBoardsNamesBothMovesAndPairs()
+    {
+        struct Uso {
+            const char *chiave, *mosse, *coppie;
+        };
+        const Uso usi[] = {{"0031", "0025", "0026"}, {"0082", "0079", "0080"}};
+        QStringList errati;
+        for (const QString &file : fileLingua()) {
+            const QString testo = testoDi(file);
+            for (const Uso &u : usi) {
+                const QString etichetta = valoreDi(testo, QLatin1String(u.chiave));
+                const QString mosse = valoreDi(testo, QLatin1String(u.mosse));
+                const QString coppie = valoreDi(testo, QLatin1String(u.coppie));
+                if (mosse.isEmpty() || coppie.isEmpty() || !etichetta.contains(mosse, Qt::CaseInsensitive)
+                    || !etichetta.contains(coppie, Qt::CaseInsensitive))
+                    errati << QFileInfo(file).fileName() + u' ' + QLatin1String(u.chiave) + QStringLiteral(" = \"")
+                                  + etichetta + QStringLiteral("\" (moves: \"") + mosse + QStringLiteral("\", pairs: \"")
+                                  + coppie + u'"' + u')';
+            }
+        }
+        QVERIFY2(errati.isEmpty(), qPrintable(errati.join(u'\n')));
     }
 
     void everyTranslatableControlOfEveryScreenIsInEveryLanguage()
