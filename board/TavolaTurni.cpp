@@ -204,6 +204,10 @@ void Tavola::ControllaFine()
         if (FramePosto[k].Tag != Trovata)
             finita = false;
     if (finita) {
+        // On the open-tile board the found tiles leave empty places: the
+        // scanning frame goes with the last one, as it does during play.
+        if (Imp.TessereAperte)
+            ShapeRiquadro.Visible = false;
         SuonaApplauso();
         aggiorna();
         if (vista) {

@@ -411,6 +411,64 @@ private slots:
         }
     }
 
+    void onGGCSTheFrameIsGoneFromTheEmptyPlacesDuringTheApplause_data()
+    {
+        QTest::addColumn<int>("modo");
+        QTest::newRow("manual scanning") << int(ModoInputValori::ScansioneManuale);
+        QTest::newRow("automatic scanning") << int(ModoInputValori::ScansioneAutomatica);
+        QTest::newRow("keyboard") << int(ModoInputValori::Tastiera);
+    }
+    void onGGCSTheFrameIsGoneFromTheEmptyPlacesDuringTheApplause()
+    {
+        QFETCH(int, modo);
+        Profilo.ModoInput = qint16(modo);
+        Profilo.NumeroTessere = 4;
+        setImmagini(2);
+        auto t = tavola(TavolaGGCS());
+        t->Form_Activate();
+        // The game is played with the scan alone: step to a tile, select it.
+        auto scegli = [&](int posto) {
+            for (int passi = 0; t->PostoEvidenziato != posto || !t->ShapeRiquadro.Visible; ++passi) {
+                QVERIFY2(passi < 24, "the scan never reached the tile");
+                if (modo == ModoInputValori::ScansioneAutomatica)
+                    t->Timer1_Timer();
+                else
+                    tasto(*t, modo == ModoInputValori::Tastiera ? CodiciTasto::Destra : CodiciTasto::Spazio,
+                          OrigineTasto::Form);
+            }
+            QVERIFY(t->ShapeRiquadro.Visible);
+            tasto(*t, modo == ModoInputValori::ScansioneAutomatica ? CodiciTasto::Spazio : CodiciTasto::Invio,
+                  OrigineTasto::Form);
+        };
+        int applausi = 0;
+        bool riquadroAllApplauso = true;
+        vista.durante = [&](double) {
+            for (int k = 0; k < 4; ++k)
+                if (t->FramePosto[k].Tag != QLatin1String("trovata"))
+                    return; // a found pair moving, not the end
+            ++applausi;
+            riquadroAllApplauso = t->ShapeRiquadro.Visible;
+        };
+        bool riquadroAlPremio = true;
+        vista.alPremio = [&] { riquadroAlPremio = t->ShapeRiquadro.Visible; };
+        for (int coppia = 0; coppia < 2; ++coppia) {
+            int a = 0;
+            while (t->FramePosto[a].Tag == QLatin1String("trovata"))
+                ++a;
+            const int b = altroDellaCoppia(*t, a);
+            scegli(a);
+            if (QTest::currentTestFailed())
+                return;
+            scegli(b);
+            if (QTest::currentTestFailed())
+                return;
+        }
+        QCOMPARE(vista.premi, 1);
+        QCOMPARE(applausi, 1);
+        QVERIFY2(!riquadroAllApplauso, "the scanning frame stands over an empty place during the applause");
+        QVERIFY(!riquadroAlPremio);
+    }
+
     void onGGCSAWrongMoveHasNoWait()
     {
         setImmagini(6);
