@@ -12,6 +12,8 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPointer>
+#include <QPushButton>
+#include <QTimer>
 
 class ProvaStradaTavole : public QObject
 {
@@ -87,6 +89,84 @@ private slots:
         QVERIFY(nuovo->Option3[giocatori - 1]->Valore());
         QCOMPARE(nuovo->List2->findItems(nome, Qt::MatchExactly).size(), 1);
         QCOMPARE(NomiGiocatori[0], QStringLiteral("Sara"));
+    }
+
+    // A set of two pairs fills four tiles only: choosing it turns the greater
+    // counts off on that menu. After a whole game on it, the menu that comes
+    // back is a new one and starts as its load says: every count offered.
+    void aMenuShownAgainAfterAGameOfTwoPairsOffersEveryTileCount()
+    {
+        AmbienteMenu a;
+        RegistraSchermiBoard();
+        a.Set(QStringLiteral("ii/due.agg"), 2);
+        static const unsigned char gif[] = {0x47, 0x49, 0x46, 0x38, 0x39, 0x61, 0x01, 0x00, 0x01, 0x00, 0x80, 0x00,
+                                            0x00, 0x00, 0x00, 0x00, 0xFF, 0xFF, 0xFF, 0x21, 0xF9, 0x04, 0x01, 0x00,
+                                            0x00, 0x00, 0x00, 0x2C, 0x00, 0x00, 0x00, 0x00, 0x01, 0x00, 0x01, 0x00,
+                                            0x00, 0x02, 0x02, 0x44, 0x01, 0x00, 0x3B};
+        for (int i = 0; i < 2; ++i)
+            for (const char *lato : {"a", "b"})
+                AmbienteProva::Scrivi(a.Dati(QStringLiteral("gif/%1%2.gif").arg(QLatin1String(lato)).arg(i)),
+                                      QByteArray(reinterpret_cast<const char *>(gif), sizeof gif));
+        Profilo.NumeroTessere = 4; // a set of two pairs is listed for four tiles only
+        Profilo.TipoMemory = 2;
+
+        QPointer<FormMenu> m = a.MostraMenu();
+        QVERIFY(m);
+        const auto trovati = m->List2->findItems(QStringLiteral("due.agg"), Qt::MatchExactly);
+        QCOMPARE(trovati.size(), 1);
+        QTest::mouseClick(m->List2->viewport(), Qt::LeftButton, {}, m->List2->visualItemRect(trovati.first()).center());
+        QCOMPARE(int(Profilo.NumeroTessere), 4);
+        for (int n : {6, 8, 12, 16, 18, 24})
+            QVERIFY(!m->Option2[n]->isEnabled());
+
+        a.RispondiNomi({QStringLiteral("Sara")});
+        try {
+            m->Command1_Click(0);
+        } catch (const ProcessoTerminato &p) {
+            QFAIL(qPrintable(QStringLiteral("the program ended: ") + p.fine.messaggio));
+        }
+        auto *t = qobject_cast<FormTavola *>(Schermi::Riferimento(QStringLiteral("FormmemGG")));
+        QVERIFY(t);
+        QTRY_VERIFY(!m);
+
+        // The whole game: both pairs found, the reward closed, the next game dealt.
+        bool premioChiuso = false;
+        QTimer sonda;
+        connect(&sonda, &QTimer::timeout, this, [&] {
+            auto *p = Schermi::Riferimento(QStringLiteral("FormPremio"));
+            if (!p || !p->isVisible() || AtteseInCorso() > 0)
+                return;
+            if (auto *b = p->findChild<QPushButton *>(QStringLiteral("Command1")); b && b->isEnabled()) {
+                premioChiuso = true;
+                b->click();
+            }
+        });
+        sonda.start(5);
+        for (int coppia = 0; coppia < 2; ++coppia) {
+            AttendiFinche([t] { return t->Partita().InputAbilitato && AtteseInCorso() == 0; });
+            int primo = 0;
+            while (t->Partita().FramePosto[primo].Tag == QLatin1String("trovata"))
+                ++primo;
+            int secondo = primo + 1;
+            while (t->Partita().FramePosto[secondo].Tag != t->Partita().FramePosto[primo].Tag)
+                ++secondo;
+            QTest::mouseClick(t->FramePosto[primo], Qt::LeftButton);
+            QTest::mouseClick(t->FramePosto[secondo], Qt::LeftButton);
+        }
+        sonda.stop();
+        QVERIFY(premioChiuso);
+
+        t->mnuEsci_Click();
+        QVERIFY(t->FrameUscita->isVisible());
+        QTest::mouseClick(t->FrameUscita->CommandSi, Qt::LeftButton);
+        auto *nuovo = qobject_cast<FormMenu *>(Schermi::Riferimento(QStringLiteral("FormMenu")));
+        QVERIFY(nuovo);
+        QVERIFY(AmbienteMenu::AttendiVestizione(nuovo));
+        QTRY_VERIFY(!Schermi::Riferimento(QStringLiteral("FormmemGG")));
+        for (int n : {4, 6, 8, 12, 16, 18, 24})
+            QVERIFY2(nuovo->Option2[n]->isEnabled(), qPrintable(QStringLiteral("%1 tiles are not offered").arg(n)));
+        QVERIFY(nuovo->Option2[4]->Valore());
+        QVERIFY(nuovo->Command1[0]->isEnabled());
     }
 };
 
