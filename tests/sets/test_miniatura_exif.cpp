@@ -3,6 +3,7 @@
 // dark bands cut off, and the photograph's own data never read when it is
 // used. Work is counted in bytes read, never timed.
 
+#include "AttendiLavoro.h"
 #include "ProvaEditori.h"
 #include "ScriviExif.h"
 
@@ -263,7 +264,7 @@ private slots:
         }
         Sfogliatore s;
         s.ImpostaDir1(cartella);
-        QTRY_VERIFY_WITH_TIMEOUT(!s.InCorso(), 60000);
+        AttendiFinche([&s] { return !s.InCorso(); });
         QCOMPARE(s.ListView1, attesi);
         QCOMPARE(s.Lavoro.Decodifiche, 12);
         QCOMPARE(s.Lavoro.DaMiniatureExif, 8);
