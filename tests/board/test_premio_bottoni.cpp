@@ -9,6 +9,7 @@
 #include "board/RegistraBoard.h"
 #include "platform/Schermi.h"
 #include "platform/Twips.h"
+#include "platform/audio/MotoreAudio.h"
 #include "platform/media/Filmato.h"
 #include "profiles/Profilo.h"
 #include "swf/costruttore.h"
@@ -16,20 +17,37 @@
 #include <QMouseEvent>
 #include <QPushButton>
 
+#include <cmath>
+
 using namespace swftest;
 
 namespace {
 
-// 100 x 100: a red button (green over, blue down) on 25..75 px; released,
-// it sends the film to frame 3, where a yellow square covers it.
+// 100 x 100, one frame: a red button (green over, blue down) on 25..75 px,
+// and a yellow square over it that frame 1's script hides; the release shows
+// it again. Pressed, the button sounds a tone through the film's sound.
 QByteArray filmBottone()
 {
+    std::vector<int16_t> tono(22050);
+    for (size_t i = 0; i < tono.size(); ++i)
+        tono[i] = static_cast<int16_t>(12000 * std::sin(2 * M_PI * 440 * static_cast<double>(i) / 44100.0));
     const std::vector<ParteProva> parti = {{1, 1, 1}, {2, 2, 1}, {4, 3, 1}, {8, 1, 2}};
-    QByteArray t = rettangolo(1, 500, 500, 1500, 1500, 0xff0000ff) + rettangolo(2, 500, 500, 1500, 1500, 0x00ff00ff) +
-                   rettangolo(3, 500, 500, 1500, 1500, 0x0000ffff) + rettangolo(4, 500, 500, 1500, 1500, 0xffff00ff) +
-                   bottone2(10, parti, {{0x008, as::vaiA(2)}}) + piazza(1, 10) + azione(as::ferma()) + mostra() +
-                   mostra() + piazza(5, 4) + azione(as::ferma()) + mostra();
-    return film(t, 3);
+    const QByteArray t = rettangolo(1, 500, 500, 1500, 1500, 0xff0000ff) + rettangolo(2, 500, 500, 1500, 1500, 0x00ff00ff) +
+                         rettangolo(3, 500, 500, 1500, 1500, 0x0000ffff) + rettangolo(4, 500, 500, 1500, 1500, 0xffff00ff) +
+                         sprite(20, 1, piazza(1, 4) + mostra()) +
+                         defineSound(30, 3, 44100, true, false, static_cast<uint32_t>(tono.size()), pcm16(tono)) +
+                         bottone2(10, parti, {{0x008, as::imposta("giallo._visible", as::booleano(true))}}) +
+                         suoniBottone(10, {0, 0, 30, 0}) + piazza(1, 10) + piazza(5, 20, 0, 0, 0, "giallo") +
+                         azione(as::imposta("giallo._visible", as::booleano(false))) + mostra();
+    return film(t, 1);
+}
+
+double livello(std::vector<int16_t> &b)
+{
+    double s = 0;
+    for (int16_t v : b)
+        s += (v / 32768.0) * (v / 32768.0);
+    return std::sqrt(s / static_cast<double>(b.size()));
 }
 
 QWidget *vistaDi(Filmato *f)
@@ -83,6 +101,7 @@ private slots:
     {
         AmbienteProva::Scrivi(amb->Programma() + QStringLiteral("/swf/bottone.swf"), filmBottone());
         QRgb riposo = 0, sopra = 0, giu = 0, dopo = 0;
+        double silenzioSopra = -1, suonoGiu = -1;
         bool visto = false;
         QTimer sonda;
         int giri = 0;
@@ -102,11 +121,18 @@ private slots:
             // through the window, as a real pointer comes: the screen picks the widget
             QWindow *finestra = p->windowHandle();
             const QPoint c = v->mapTo(p, v->rect().center());
+            audio::Mixer &mixer = audio::MotoreAudio::istanza().mixer();
+            std::vector<int16_t> suono(2 * 2048);
             riposo = centroDi(v);
             QTest::mouseMove(finestra, c);
             sopra = centroDi(v);
+            mixer.leggi(suono.data(), 2048);
+            silenzioSopra = livello(suono);
             QTest::mousePress(finestra, Qt::LeftButton, {}, c);
             giu = centroDi(v);
+            // the button's sound reaches the game's mixer, as the sound card would read it
+            mixer.leggi(suono.data(), 2048);
+            suonoGiu = livello(suono);
             QTest::mouseRelease(finestra, Qt::LeftButton, {}, c);
             dopo = centroDi(v);
             auto *chiudi = new QTimer(p);
@@ -122,8 +148,10 @@ private slots:
         QCOMPARE(riposo, QRgb(0xff0000));
         QCOMPARE(sopra, QRgb(0x00ff00));
         QCOMPARE(giu, QRgb(0x0000ff));
-        // released: the action took the film to its frame with the yellow square
+        // released: the action showed the yellow square
         QCOMPARE(dopo, QRgb(0xffff00));
+        QCOMPARE(silenzioSopra, 0.0);
+        QVERIFY2(suonoGiu > 0.05, qPrintable(QString::number(suonoGiu)));
     }
 
     void onAFaceTheButtonRestsUpAndTheClickIsTheTiles()
