@@ -77,7 +77,7 @@ monta /dev/pts "$radice/dev/pts"
 cp "$deb" "$radice/tmp/$nome_deb"
 
 dentro() { # a command as root inside the new system
-  chroot "$radice" /usr/bin/env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root \
+  chroot "$radice" /usr/bin/env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin:/usr/games HOME=/root \
     DEBIAN_FRONTEND=noninteractive LANG=C.UTF-8 bash -c "$1"
 }
 
@@ -88,7 +88,8 @@ grep -E "^(Setting up|Preparing|Unpacking) coppie-vivaci" "$cartella/installazio
 echo "   $(grep -c '^Setting up' "$cartella/installazione.log") packages set up in all"
 dentro "dpkg-query -W -f='   installed: \${Package} \${Version} (\${Status})\n' coppie-vivaci"
 for f in /usr/share/applications/it.coppievivaci.CoppieVivaci.desktop \
-  /usr/share/icons/hicolor/scalable/apps/coppie-vivaci.svg /usr/bin/coppie-vivaci; do
+  /usr/share/icons/hicolor/scalable/apps/coppie-vivaci.svg /usr/games/coppie-vivaci \
+  /usr/share/man/man6/coppie-vivaci.6.gz /usr/share/doc/coppie-vivaci/copyright; do
   [ -e "$radice$f" ] || { echo "MISSING: $f" >&2; exit 1; }
   echo "   present: $f"
 done
@@ -183,7 +184,7 @@ echo "== the demonstration, as the user bimbo (own network and process namespace
 # namespace ends every program of the session when the script ends.
 timeout 600 unshare --net --pid --fork --kill-child chroot "$radice" runuser -u bimbo -- \
   env -i DISPLAY=:57 LANG=C.UTF-8 HOME=/home/bimbo USER=bimbo LOGNAME=bimbo \
-  PATH=/usr/local/bin:/usr/bin:/bin bash /tmp/dimostrazione.sh || esito=$?
+  PATH=/usr/local/bin:/usr/bin:/bin:/usr/local/games:/usr/games bash /tmp/dimostrazione.sh || esito=$?
 [ "$esito" -eq 0 ] || echo "   the demonstration ended with an error ($esito)"
 cp "$radice"/tmp/schermate/*.png "$schermate/" 2>/dev/null || true
 cp "$radice/tmp/icewm.log" "$cartella/sessione.log" 2>/dev/null || true
