@@ -13,7 +13,7 @@ pacchetto=$(ls -t "$radice"/build/coppie-vivaci_*.deb | head -1)
 ls -l "$pacchetto"
 if command -v lintian >/dev/null; then
   echo "== lintian $(basename "$pacchetto")"
-  lintian --info --display-info "$pacchetto" || true
+  lintian --display-info "$pacchetto" || true
 else
   echo "(lintian is not installed: apt-get install lintian to check the package)"
 fi
