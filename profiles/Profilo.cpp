@@ -9,6 +9,7 @@
 #include "platform/ScritturaIntera.h"
 #include "platform/TestoFile.h"
 #include "profiles/CartelleDati.h"
+#include "profiles/ProfiloAccesso.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -191,6 +192,7 @@ void LeggiProfilo()
     QString testo;
     if (!LeggiFileTesto(FileUtente, &testo) || !ProfiloDaTesto(testo, &Profilo))
         ValoriPredefiniti();
+    Accesso = LeggiAccesso(FileUtente);
 }
 
 void SalvaProfilo()
@@ -199,4 +201,8 @@ void SalvaProfilo()
     if (!nellaCartellaUtenti(FileUtente) || !SostituisciFile(FileUtente, CodificaTesto(TestoProfilo(Profilo))))
         ErroreFatale(TestoErrore(QStringLiteral("0102"), QStringLiteral("Non riesco a scrivere il profilo del giocatore:"))
                      + u'\n' + MappaPercorso(FileUtente));
+    // The switch settings go beside it, in their own file.
+    if (!SalvaAccesso(FileUtente, Accesso))
+        ErroreFatale(TestoErrore(QStringLiteral("0102"), QStringLiteral("Non riesco a scrivere il profilo del giocatore:"))
+                     + u'\n' + MappaPercorso(FileAccesso(FileUtente)));
 }

@@ -263,7 +263,10 @@ private slots:
         LeggiProfilo();
         QCOMPARE(Profilo.TipoMemory, qint16(1));
         SalvaProfilo();
-        QCOMPARE(QDir(a.Radice() + QStringLiteral("/tesselo/utenti")).entryList(QDir::Files).size(), 1);
+        // one profile, and beside it the one file of its switch settings
+        const QDir utenti(a.Radice() + QStringLiteral("/tesselo/utenti"));
+        QCOMPARE(utenti.entryList({QStringLiteral("*.ini")}, QDir::Files).size(), 1);
+        QCOMPARE(utenti.entryList({QStringLiteral("*.accesso")}, QDir::Files).size(), 1);
     }
 
     void aProfileThatCannotBeWrittenEndsTheProgramNamingThePath()
@@ -312,7 +315,9 @@ private slots:
         ImpostaGuastoScritturaPerProve({});
         QVERIFY(finito);
         QCOMPARE(AmbienteProva::Leggi(file), vecchi);
-        QCOMPARE(QDir(QFileInfo(file).path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("prova.ini")});
+        // nothing beside the profile but the file of its switch settings
+        QCOMPARE(QDir(QFileInfo(file).path()).entryList(QDir::Files | QDir::Hidden),
+                 (QStringList{QStringLiteral("prova.accesso"), QStringLiteral("prova.ini")}));
         QCOMPARE(a.scatole.size(), size_t(1));
         QCOMPARE(a.scatole[0].stile & 0x70, int(Msg::vbCritical));
     }
@@ -347,7 +352,9 @@ private slots:
         std::signal(SIGXFSZ, vecchioSegnale);
         QVERIFY(finito);
         QCOMPARE(AmbienteProva::Leggi(file), vecchi);
-        QCOMPARE(QDir(QFileInfo(file).path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("prova.ini")});
+        // nothing beside the profile but the file of its switch settings
+        QCOMPARE(QDir(QFileInfo(file).path()).entryList(QDir::Files | QDir::Hidden),
+                 (QStringList{QStringLiteral("prova.accesso"), QStringLiteral("prova.ini")}));
 #endif
     }
 
