@@ -6,21 +6,26 @@
 #include "platform/Colori.h"
 #include "platform/Controlli.h"
 #include "platform/CursoreGioco.h"
+#include "platform/Joystick.h"
 #include "platform/Percorsi.h"
 #include "platform/Twips.h"
 #include "platform/clsResize.h"
 #include "platform/media/Filmato.h"
 #include "platform/media/ImmagineAnimata.h"
 #include "profiles/Profilo.h"
+#include "profiles/ProfiloAccesso.h"
 
 #include <QAction>
 #include <QFontMetricsF>
 #include <QIcon>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPainter>
 #include <QWindow>
+
+#include <algorithm>
 
 static void caricaRisorseBoard() { Q_INIT_RESOURCE(board); }
 
@@ -70,6 +75,16 @@ FormTavola::FormTavola(const ImpostazioniTavola &imp)
     caricaRisorseBoard();
     setWindowTitle(QStringLiteral("Coppie vivaci"));
     tavola = std::make_unique<Tavola>(imp, this, misuraSchermo);
+    // Switches other than the design's keys need no focus holder.
+    interruttori = std::make_unique<InterruttoriTavola>(*tavola, [this](int codice) {
+        return consegnaTasto(codice, Accesso.Interruttori != SceltaInterruttori::Tasti);
+    });
+    TimerInterruttori.setSingleShot(true);
+    connect(&TimerInterruttori, &QTimer::timeout, this, [this] {
+        interruttori->Tempo(MomentoIngresso());
+        attendiInterruttori();
+        eliminaSeRimandato();
+    });
 
     BarraMenu = new QMenuBar(this);
     mnuAvvia = BarraMenu->addAction(QStringLiteral("&Riavvia"));
@@ -78,6 +93,7 @@ FormTavola::FormTavola(const ImpostazioniTavola &imp)
     mnuEsci->setObjectName(QStringLiteral("mnuEsci"));
     connect(mnuAvvia, &QAction::triggered, this, [this] {
         tavola->mnuAvvia_Click();
+        preparaInterruttori();
         eliminaSeRimandato();
     });
     connect(mnuEsci, &QAction::triggered, this, &FormTavola::mnuEsci_Click);
@@ -140,7 +156,7 @@ FormTavola::FormTavola(const ImpostazioniTavola &imp)
     FrameUscita->No = [this] { rispondiNo(); };
 
     connect(&Timer1, &QTimer::timeout, this, [this] {
-        tavola->Timer1_Timer();
+        interruttori->Timer1();
         eliminaSeRimandato();
     });
     Timer2.setInterval(imp.IntervalloTimer2);
@@ -240,6 +256,7 @@ void FormTavola::Form_Activate()
         }
     }
     tavola->Form_Activate();
+    preparaInterruttori();
     eliminaSeRimandato();
 }
 
@@ -273,6 +290,8 @@ void FormTavola::Form_Unload()
     scaricato = true;
     Timer1.stop();
     Timer2.stop();
+    TimerInterruttori.stop();
+    joystick.reset();
 }
 
 void FormTavola::sincronizzaFaccia(int lato, int i)
@@ -425,21 +444,134 @@ void FormTavola::eliminaSeRimandato()
     }
 }
 
-bool FormTavola::eventFilter(QObject *o, QEvent *e)
+bool FormTavola::consegnaTasto(int &codice, bool ancheSenzaFuoco)
 {
-    if (e->type() != QEvent::KeyPress || o != windowHandle() || scaricato)
-        return Form::eventFilter(o, e);
-    int codice = codiceTasto(static_cast<QKeyEvent *>(e)->key());
-    if (codice < 0)
-        return false;
     // The form sees keys before its controls; the focus holder gets them after.
     if (tavola->GestisceTasto(OrigineTasto::Form))
         tavola->TastoGiu(codice, OrigineTasto::Form);
-    if (codice != 0 && PictureScansione && focusWidget() == PictureScansione
+    if (codice != 0 && PictureScansione && (ancheSenzaFuoco || focusWidget() == PictureScansione)
         && tavola->GestisceTasto(OrigineTasto::PictureScansione))
         tavola->TastoGiu(codice, OrigineTasto::PictureScansione);
+    return codice == 0;
+}
+
+bool FormTavola::eventFilter(QObject *o, QEvent *e)
+{
+    if (o != windowHandle() || scaricato)
+        return Form::eventFilter(o, e);
+    if (mouseInterruttore(e)) {
+        eliminaSeRimandato();
+        return true;
+    }
+    if (e->type() != QEvent::KeyPress && e->type() != QEvent::KeyRelease)
+        return Form::eventFilter(o, e);
+    if (tastoInterruttore(e)) {
+        eliminaSeRimandato();
+        return true;
+    }
+    if (e->type() != QEvent::KeyPress)
+        return false;
+    int codice = codiceTasto(static_cast<QKeyEvent *>(e)->key());
+    if (codice < 0)
+        return false;
+    consegnaTasto(codice, false);
     eliminaSeRimandato();
     return codice == 0;
+}
+
+void FormTavola::preparaInterruttori()
+{
+    interruttori->Azzera();
+    TimerInterruttori.stop();
+    if (Accesso.Interruttori == SceltaInterruttori::Joystick && InterruttoriTavola::ModoAScansione()) {
+        if (!joystick) {
+            joystick = CreaJoystick();
+            connect(joystick.get(), &SorgenteJoystick::Pulsante, this, [this](int numero, bool premuto) {
+                if (numero >= 0 && numero < FiltroPressioni::Interruttori)
+                    Interruttore(numero, premuto);
+            });
+        }
+    } else {
+        joystick.reset();
+    }
+}
+
+void FormTavola::attendiInterruttori()
+{
+    if (scaricato)
+        return;
+    if (const auto s = interruttori->Scadenza())
+        TimerInterruttori.start(int(std::clamp<qint64>(*s - MomentoIngresso(), 0, FiltroPressioni::AccettazioneMassima)));
+    else
+        TimerInterruttori.stop();
+}
+
+void FormTavola::Interruttore(int numero, bool premuto, bool ripetizione)
+{
+    // The exit question is answered with its own buttons.
+    if (scaricato || !InterruttoriTavola::ModoAScansione() || FrameUscita->isVisible())
+        return;
+    const qint64 ms = MomentoIngresso();
+    if (premuto)
+        interruttori->Premuto(numero, ms, ripetizione);
+    else
+        interruttori->Rilasciato(numero, ms, ripetizione);
+    attendiInterruttori();
+    eliminaSeRimandato();
+}
+
+bool FormTavola::tastoInterruttore(QEvent *e)
+{
+    if (!InterruttoriTavola::ModoAScansione() || FrameUscita->isVisible())
+        return false;
+    const auto *k = static_cast<QKeyEvent *>(e);
+    int numero = -1;
+    // Chosen keys serve only as a pair; short of one, the design's keys do.
+    if (Accesso.Interruttori == SceltaInterruttori::TastiScelti && Accesso.Tasto1 && Accesso.Tasto2) {
+        numero = k->key() == Accesso.Tasto1 ? 0 : k->key() == Accesso.Tasto2 ? 1 : -1;
+    } else {
+        const int codice = codiceTasto(k->key());
+        numero = codice == CodiciTasto::Spazio ? 0 : codice == CodiciTasto::Invio ? 1 : -1;
+    }
+    if (numero < 0)
+        return false;
+    // With every setting at its default the design's keys go to the board at
+    // once, and a key not acted on passes on as it always did; only the
+    // key's auto-repeat is held back.
+    if (!InterruttoriTavola::FiltroAttivo()) {
+        if (e->type() != QEvent::KeyPress)
+            return false;
+        if (k->isAutoRepeat())
+            return true;
+        const qint64 ms = MomentoIngresso();
+        interruttori->Premuto(numero, ms);
+        interruttori->Rilasciato(numero, ms);
+        return interruttori->UltimaAgita();
+    }
+    Interruttore(numero, e->type() == QEvent::KeyPress, k->isAutoRepeat());
+    return true;
+}
+
+bool FormTavola::mouseInterruttore(QEvent *e)
+{
+    const auto t = e->type();
+    if (t != QEvent::MouseButtonPress && t != QEvent::MouseButtonRelease && t != QEvent::MouseButtonDblClick)
+        return false;
+    if (Accesso.Interruttori != SceltaInterruttori::Mouse || !InterruttoriTavola::ModoAScansione()
+        || FrameUscita->isVisible())
+        return false;
+    const auto *m = static_cast<QMouseEvent *>(e);
+    // The menu bar keeps its clicks, so the board can still be left.
+    if (BarraMenu && BarraMenu->geometry().contains(m->position().toPoint()))
+        return false;
+    const int numero = m->button() == Qt::LeftButton ? 0 : m->button() == Qt::RightButton ? 1 : -1;
+    if (numero < 0)
+        return false;
+    // A second press soon after the first comes as a press and then as a
+    // double click: the press is the switch's, the double click nothing.
+    if (t != QEvent::MouseButtonDblClick)
+        Interruttore(numero, t == QEvent::MouseButtonPress);
+    return true;
 }
 
 void FormTavola::mnuEsci_Click()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "board/InterruttoriTavola.h"
 #include "board/Tavola.h"
 #include "platform/Controlli.h"
 #include "platform/Schermi.h"
@@ -16,6 +17,7 @@ class QAction;
 class QFrame;
 class QLabel;
 class QMenuBar;
+class SorgenteJoystick;
 
 // The holder of the keyboard focus, whose key event gets every key.
 class PictureScansioneWidget final : public QWidget
@@ -44,6 +46,13 @@ public:
     void MostraPremio() override;
 
     Tavola &Partita() { return *tavola; }
+    // The player's switches in the scanning modes; tests drive Timer1 and
+    // the presses through it too.
+    InterruttoriTavola &Interruttori() { return *interruttori; }
+    // A switch goes down or up (0 for Space's part, 1 for Enter's), at the
+    // moment MomentoIngresso gives: the mouse buttons, the joystick and the
+    // chosen keys all come in here.
+    void Interruttore(int numero, bool premuto, bool ripetizione = false);
 
     QMenuBar *BarraMenu = nullptr;
     QAction *mnuAvvia = nullptr;
@@ -67,6 +76,8 @@ public:
     FrameUscitaTavola *FrameUscita = nullptr;
     QTimer Timer1;
     QTimer Timer2;
+    // Wakes at the moment a held switch has been held long enough.
+    QTimer TimerInterruttori;
 
     void mnuEsci_Click();
 
@@ -82,8 +93,15 @@ private:
     void rispondiNo();
     void eliminaSeRimandato();
     int alto() const;
+    bool consegnaTasto(int &codice, bool ancheSenzaFuoco);
+    bool tastoInterruttore(QEvent *e);
+    bool mouseInterruttore(QEvent *e);
+    void attendiInterruttori();
+    void preparaInterruttori();
 
     std::unique_ptr<Tavola> tavola;
+    std::unique_ptr<InterruttoriTavola> interruttori;
+    std::unique_ptr<SorgenteJoystick> joystick;
     int caricamentiMostrati[2][12] = {};
     QString immagineMostrata[2][12];
     int atteseInCorso = 0;

@@ -174,5 +174,5 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION TRUE)
 set(CPACK_STRIP_FILES TRUE)
 # What the libraries alone don't say: the image and sound plugins, and the fonts the game asks for.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
-    "qt6-image-formats-plugins, qt6-qpa-plugins, libqt6svg6, gstreamer1.0-plugins-base, gstreamer1.0-plugins-good, fonts-liberation, fonts-comic-neue")
+    "qt6-image-formats-plugins, qt6-qpa-plugins, libqt6svg6, gstreamer1.0-plugins-base, gstreamer1.0-plugins-good, libsdl2-2.0-0, fonts-liberation, fonts-comic-neue")
 include(CPack)

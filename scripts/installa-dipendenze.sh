@@ -5,7 +5,7 @@ set -euo pipefail
 pacchetti=(
   build-essential cmake ninja-build pkg-config
   qt6-base-dev qt6-multimedia-dev qt6-svg-dev qt6-image-formats-plugins libqt6svg6
-  libgl-dev libx11-dev libxfixes-dev libxdamage-dev zlib1g-dev liblzma-dev
+  libgl-dev libx11-dev libxfixes-dev libxdamage-dev zlib1g-dev liblzma-dev libsdl2-dev
   gstreamer1.0-plugins-base gstreamer1.0-plugins-good
   fonts-liberation fonts-comic-neue fonts-ecolier-court fonts-dejavu-core
   libgtest-dev libbenchmark-dev

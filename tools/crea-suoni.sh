@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Makes the game's three fixed sounds with sox: a bright chime for a right
-# pair, a soft low sound for a wrong one, a short applause. Mono, 22050 Hz.
+# pair, a soft low sound for a wrong one, a short applause; and the soft cue
+# of a scanning step. Mono, 22050 Hz.
 # Usage: tools/crea-suoni.sh  (writes app/programma/suoni/*.wav)
 #        tools/crea-suoni.sh --premi FOLDER
 #   writes instead the short cheerful tunes of the reward films,
@@ -94,4 +95,8 @@ for i in 1 2 3 4 5; do
 done
 sox -m "${strati[@]}" "$tmp/app.wav"
 sox "$tmp/app.wav" "$out/applauso.wav" fade q 0.15 2.4 0.9 norm -3
-for f in si no applauso; do soxi -D "$out/$f.wav" | xargs printf "%s.wav: %ss\n" "$f"; done
+# Step: the soft cue of each step of the scanning highlight, a short round
+# tick (two quiet sines with a quick fade), well under the tiles' own sounds.
+sox -n "${fmt[@]}" "$out/passo.wav" synth 0.07 sine 660 sine 990 remix - fade l 0.004 0.07 0.05 \
+  lowpass 2500 vol 0.25
+for f in si no applauso passo; do soxi -D "$out/$f.wav" | xargs printf "%s.wav: %ss\n" "$f"; done
