@@ -370,3 +370,12 @@ void FormConfigura::CommandScansione_Click()
         Profilo.ColoreScansione = ForeColorDi(LabelPerColore);
     ImpostaConfigurazioni();
 }
+
+void FormConfigura::CommandAccesso_Click()
+{
+    Schermi::MostraModale(QStringLiteral("FormAccesso"));
+    // Coming back activates this form, which shows the players' tab; the
+    // person came from the input tab and finds it again.
+    TabStrip1->setCurrentIndex(2);
+    TabStrip1_Click();
+}

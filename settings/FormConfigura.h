@@ -63,6 +63,8 @@ public:
     QLabel *Label7 = nullptr;
     FormaRettangolo *ShapeRiquadro = nullptr;
     QPushButton *CommandScansione = nullptr;
+    // Opens the player's switch settings (FormAccesso).
+    QPushButton *CommandAccesso = nullptr;
 
     QLabel *LabelDimensionaFont = nullptr, *LabelPerColore = nullptr;
 
@@ -94,6 +96,7 @@ public:
     void HScroll3_Change();
     void HScrollRiquadro_Change();
     void CommandScansione_Click();
+    void CommandAccesso_Click();
 
     // For tests: the runs of ImpostaConfigurazioni so far, and the deepest
     // nesting one of them reached (1 when none ran inside another).

@@ -281,6 +281,8 @@ void FormConfigura::creaPunt()
     ShapeRiquadro->show();
     CommandScansione =
         pulsante(QStringLiteral("CommandScansione"), "Colore Tessere evidenziate", FramePunt, {240, 4680, 2055, 1095});
+    // In the free corner right of the frame sample, clear of every designed control.
+    CommandAccesso = pulsante(QStringLiteral("CommandAccesso"), "Accesso con sensori", FramePunt, {6600, 4800, 2655, 1095});
 
     for (CasellaACapo *c : {CheckDisabilitaMousePersonalizzato, CheckRiparti, CheckRiquadro})
         c->setAutoFillBackground(true);
@@ -291,4 +293,5 @@ void FormConfigura::creaPunt()
     connect(HScroll3, &QScrollBar::valueChanged, this, &FormConfigura::HScroll3_Change);
     connect(HScrollRiquadro, &QScrollBar::valueChanged, this, &FormConfigura::HScrollRiquadro_Change);
     connect(CommandScansione, &QPushButton::clicked, this, &FormConfigura::CommandScansione_Click);
+    connect(CommandAccesso, &QPushButton::clicked, this, &FormConfigura::CommandAccesso_Click);
 }
