@@ -362,6 +362,8 @@ void FormAccesso::tasto(int k, bool premuto, bool ripetizione)
 
 void FormAccesso::Prova(int interruttore, bool premuto, bool ripetizione)
 {
+    if (interruttore < 0 || interruttore >= FiltroPressioni::Interruttori)
+        return;
     const qint64 ms = MomentoIngresso();
     // What fell due before this moment is settled first.
     for (;;) {
@@ -371,8 +373,13 @@ void FormAccesso::Prova(int interruttore, bool premuto, bool ripetizione)
             break;
         esito(i, e);
     }
-    esito(interruttore, premuto ? filtro.Premuto(interruttore, ms, ripetizione)
-                                : filtro.Rilasciato(interruttore, ms, ripetizione));
+    const auto e = premuto ? filtro.Premuto(interruttore, ms, ripetizione)
+                           : filtro.Rilasciato(interruttore, ms, ripetizione);
+    // A key held down repeats many times a second: the list tells it once a hold.
+    const bool giaDetta = e == FiltroPressioni::Esito::Ripetizione && ripetizioneDetta[interruttore];
+    ripetizioneDetta[interruttore] = e == FiltroPressioni::Esito::Ripetizione || (premuto && ripetizione);
+    if (!giaDetta)
+        esito(interruttore, e);
     attendi();
 }
 

@@ -107,5 +107,6 @@ private:
     int tastoAtteso = 0;
     int primoScelto = 0;
     int contate = 0, filtrate = 0;
+    bool ripetizioneDetta[FiltroPressioni::Interruttori] = {false, false};
     bool allineando = false;
 };

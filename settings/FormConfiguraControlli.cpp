@@ -281,8 +281,9 @@ void FormConfigura::creaPunt()
     ShapeRiquadro->show();
     CommandScansione =
         pulsante(QStringLiteral("CommandScansione"), "Colore Tessere evidenziate", FramePunt, {240, 4680, 2055, 1095});
-    // In the free corner right of the frame sample, clear of every designed control.
-    CommandAccesso = pulsante(QStringLiteral("CommandAccesso"), "Accesso con sensori", FramePunt, {6600, 4800, 2655, 1095});
+    // In the free corner right of the frame sample, clear of every designed
+    // control, level with the highlight colour's button.
+    CommandAccesso = pulsante(QStringLiteral("CommandAccesso"), "Accesso con sensori", FramePunt, {6600, 4680, 2655, 1095});
 
     for (CasellaACapo *c : {CheckDisabilitaMousePersonalizzato, CheckRiparti, CheckRiquadro})
         c->setAutoFillBackground(true);
