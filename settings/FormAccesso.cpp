@@ -373,6 +373,11 @@ void FormAccesso::Prova(int interruttore, bool premuto, bool ripetizione)
             break;
         esito(i, e);
     }
+    // The releases of a key's auto-repeat say nothing of the switch.
+    if (!premuto && ripetizione) {
+        attendi();
+        return;
+    }
     const auto e = premuto ? filtro.Premuto(interruttore, ms, ripetizione)
                            : filtro.Rilasciato(interruttore, ms, ripetizione);
     // A key held down repeats many times a second: the list tells it once a hold.

@@ -159,8 +159,10 @@ private slots:
         QCOMPARE(m->Combo1->itemText(1), QStringLiteral("_PREDEFINITO"));
         QCOMPARE(NomeUtente, QStringLiteral("_PREDEFINITO"));
         QCOMPARE(FileUtente, QStringLiteral("C:\\ImpostazioniProgrammiLorea\\tesselo\\utenti\\_PREDEFINITO.ini"));
-        QCOMPARE(QDir(a.Utenti(QString())).entryList(QDir::Files, QDir::Name),
+        // (the profiles; each has its switch settings' file beside it)
+        QCOMPARE(QDir(a.Utenti(QString())).entryList({QStringLiteral("*.ini")}, QDir::Files, QDir::Name),
                  (QStringList{QStringLiteral("Nina.ini"), QStringLiteral("_predefinito.ini")}));
+        QCOMPARE(QDir(a.Utenti(QString())).entryList({QStringLiteral("*.accesso")}, QDir::Files).size(), 1);
         QCOMPARE(m->LabelGioca->text(), QStringLiteral("GIOCA"));
         QCOMPARE(m->Frame2->title(), QStringLiteral("TESSERE"));
         QCOMPARE(m->Option1[1]->text(), QStringLiteral("PAROLE - IMMAGINI"));

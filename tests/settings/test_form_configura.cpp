@@ -792,9 +792,11 @@ private slots:
         f->mnuEsci_Click();
         QCOMPARE(utente(QStringLiteral("MARCO.ini")), marco);
         // The names in capitals reached the same files: none was made twice.
-        QCOMPARE(QDir(a->Utenti(QString())).entryList(QDir::Files | QDir::Hidden, QDir::Name),
+        QCOMPARE(QDir(a->Utenti(QString())).entryList({QStringLiteral("*.ini")}, QDir::Files | QDir::Hidden, QDir::Name),
                  (QStringList{QStringLiteral("MARCO.ini"), QStringLiteral("Nicolò.ini"),
                               QStringLiteral("_predefinito.INI")}));
+        // and beside each one file of its switch settings, none made twice
+        QCOMPARE(QDir(a->Utenti(QString())).entryList({QStringLiteral("*.accesso")}, QDir::Files | QDir::Hidden).size(), 3);
     }
 
     // --- bad input
