@@ -1,6 +1,7 @@
 #include "board/FormPremio.h"
 
 #include "board/ElencoPremi.h"
+#include "lang/TestiAccessibili.h"
 #include "lang/modLanguageSupport.h"
 #include "platform/Attendi.h"
 #include "platform/Colori.h"
@@ -55,6 +56,8 @@ void FormPremio::Form_Activate()
     ::Attendi(Durate::BloccoPremio);
     Command1->setEnabled(true);
     Command1->setFocus();
+    // A screen reader says that the game is won, then the button.
+    Annuncia(this);
 }
 
 void FormPremio::Carica()

@@ -1,6 +1,8 @@
 #include "board/FormTavola.h"
 
+#include "board/AccessibilitaTavola.h"
 #include "board/FrameUscitaTavola.h"
+#include "lang/TestiAccessibili.h"
 #include "lang/modLanguageSupport.h"
 #include "platform/Attendi.h"
 #include "platform/Colori.h"
@@ -85,6 +87,7 @@ FormTavola::FormTavola(const ImpostazioniTavola &imp)
         attendiInterruttori();
         eliminaSeRimandato();
     });
+    segnalatore = std::make_unique<SegnalatoreTavola>(this);
 
     BarraMenu = new QMenuBar(this);
     mnuAvvia = BarraMenu->addAction(QStringLiteral("&Riavvia"));
@@ -126,7 +129,6 @@ FormTavola::FormTavola(const ImpostazioniTavola &imp)
         MarcaPannello[k] = new QLabel(StatusBar1);
         MarcaPannello[k]->setScaledContents(true);
         Pannello[k] = new QLabel(StatusBar1);
-        Pannello[k]->setAccessibleName(QStringLiteral("Giocatore %1").arg(k + 1));
         QFont f(QStringLiteral("Arial"));
         f.setPointSize(12);
         f.setBold(true);
@@ -408,6 +410,7 @@ void FormTavola::Aggiorna()
     }
     if (FrameUscita->isVisible())
         FrameUscita->raise();
+    segnalatore->Aggiorna();
 }
 
 void FormTavola::Attendi(double secondi)
@@ -580,6 +583,7 @@ void FormTavola::mnuEsci_Click()
     Aggiorna();
     FrameUscita->raise();
     FrameUscita->PresentaFinestraUscita(Profilo.DisabilitaMousePersonalizzato, tavola->ColoreSfondoForm);
+    Annuncia(FrameUscita);
     tavola->mnuEsci_Dopo();
     Aggiorna();
 }

@@ -18,6 +18,7 @@ class QFrame;
 class QLabel;
 class QMenuBar;
 class SorgenteJoystick;
+class SegnalatoreTavola;
 
 // The holder of the keyboard focus, whose key event gets every key.
 class PictureScansioneWidget final : public QWidget
@@ -102,6 +103,7 @@ private:
     std::unique_ptr<Tavola> tavola;
     std::unique_ptr<InterruttoriTavola> interruttori;
     std::unique_ptr<SorgenteJoystick> joystick;
+    std::unique_ptr<SegnalatoreTavola> segnalatore; // what a screen reader is told
     int caricamentiMostrati[2][12] = {};
     QString immagineMostrata[2][12];
     int atteseInCorso = 0;

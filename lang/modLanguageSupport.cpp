@@ -1,6 +1,7 @@
 #include "lang/modLanguageSupport.h"
 
 #include "lang/FileProfilo.h"
+#include "lang/TestiAccessibili.h"
 #include "platform/Controlli.h"
 #include "platform/Percorsi.h"
 #include "platform/Schermi.h"
@@ -145,6 +146,7 @@ void TraduciForm(QWidget *form)
         }
         QCoreApplication::processEvents();
     }
+    NominaForm(form);
 }
 
 QStringList ElencoLingue()

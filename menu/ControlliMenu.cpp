@@ -1,7 +1,9 @@
 #include "menu/ControlliMenu.h"
 
+#include "lang/TestiAccessibili.h"
 #include "platform/Colori.h"
 
+#include <QAccessible>
 #include <QEvent>
 #include <QMouseEvent>
 #include <QVariant>
@@ -77,7 +79,8 @@ void SuClick(QWidget *w, std::function<void()> gestore)
 
 OpzioneGrafica::OpzioneGrafica(const QString &caption, QWidget *parent) : QPushButton(caption, parent)
 {
-    setFocusPolicy(Qt::NoFocus);
+    // Reached by Tab, for a screen reader; a click by the pointer leaves the focus where it was.
+    setFocusPolicy(Qt::TabFocus);
     connect(this, &QPushButton::clicked, this, [this] {
         if (!valore)
             ImpostaValore(true);
@@ -91,12 +94,23 @@ void OpzioneGrafica::ImpostaValore(bool v)
     if (v == valore)
         return;
     valore = v;
+    segnalaStato();
     if (!v)
         return;
     for (OpzioneGrafica *altra : gruppo)
-        if (altra != this)
+        if (altra != this && altra->valore) {
             altra->valore = false;
+            altra->segnalaStato();
+        }
     emit Click();
+}
+
+void OpzioneGrafica::segnalaStato()
+{
+    QAccessible::State cambiato;
+    cambiato.checked = true;
+    QAccessibleStateChangeEvent e(this, cambiato);
+    SegnalaAccessibile(&e);
 }
 
 void ImpostaPunti(QWidget *w, int punti)

@@ -36,6 +36,7 @@ signals:
     void Click();
 
 private:
+    void segnalaStato(); // tells a screen reader that it is on or off
     bool valore = false;
 };
 

@@ -1,5 +1,6 @@
 #include "menu/FormMenu.h"
 
+#include "lang/TestiAccessibili.h"
 #include "lang/modLanguageSupport.h"
 #include "menu/ControlliMenu.h"
 #include "menu/MisuraTesto.h"
@@ -244,6 +245,7 @@ void FormMenu::PresentaFinestraUscita()
     ScriviColoreSfondo(PictureSi, ColoreSfondoDi(CommandSi));
     ScriviColoreSfondo(PictureNo, ColoreSfondoDi(CommandNo));
     CommandSi->setFocus();
+    Annuncia(FrameUscita);
 }
 
 void FormMenu::BloccaMouse()
