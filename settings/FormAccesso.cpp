@@ -1,5 +1,7 @@
 #include "settings/FormAccesso.h"
 
+#include "settings/ControlliProgetto.h"
+
 #include "lang/modLanguageSupport.h"
 #include "platform/Caratteri.h"
 #include "platform/Controlli.h"
@@ -26,30 +28,14 @@
 namespace {
 constexpr int LarghezzaProgetto = 11175;
 constexpr int AltezzaProgetto = 9300;
-constexpr double PuntiControlli = 10;
 // The tries shown; older ones fall off the end.
 constexpr int ProveMostrate = 200;
 
-void fontProgetto(QWidget *w, double punti, bool grassetto = false)
-{
-    w->setFont(FontGioco(QStringLiteral("Arial"), punti, grassetto));
-    w->setProperty("PuntiProgetto", punti);
-}
-
-template <typename W>
-W *nominato(W *w, const QString &nome, const GeometriaTwips &g, int indice = -1)
-{
-    w->setObjectName(nome);
-    if (indice >= 0)
-        ImpostaIndice(w, indice);
-    fontProgetto(w, PuntiControlli);
-    ScriviGeometria(w, g);
-    return w;
-}
+using ControlliProgetto::PuntiControlli;
 
 QLabel *etichetta(const QString &nome, QWidget *padre, const GeometriaTwips &g)
 {
-    auto *l = nominato(new QLabel(padre), nome, g);
+    auto *l = ControlliProgetto::Nominato(new QLabel(padre), nome, g);
     l->setWordWrap(true);
     l->setProperty("TestoDalProgramma", true); // the setting's value, in words
     return l;
@@ -57,7 +43,7 @@ QLabel *etichetta(const QString &nome, QWidget *padre, const GeometriaTwips &g)
 
 QScrollBar *barra(const QString &nome, QWidget *padre, const GeometriaTwips &g, int massimo)
 {
-    auto *s = nominato(new QScrollBar(Qt::Horizontal, padre), nome, g);
+    auto *s = ControlliProgetto::Nominato(new QScrollBar(Qt::Horizontal, padre), nome, g);
     s->setRange(0, massimo);
     s->setSingleStep(1);
     s->setPageStep(massimo >= 20 ? 4 : 1);
@@ -154,7 +140,7 @@ void FormAccesso::crea()
     area->setGeometry(0, 0, PixelDaTwips(LarghezzaProgetto), PixelDaTwips(AltezzaProgetto));
 
     LabelTitolo = etichetta(QStringLiteral("LabelTitolo"), area, {600, 240, 9975, 615});
-    fontProgetto(LabelTitolo, 18, true);
+    ControlliProgetto::FontProgetto(LabelTitolo, 18, true);
 
     LabelAccettazione = etichetta(QStringLiteral("LabelAccettazione"), area, {600, 1080, 4800, 375});
     HScrollAccettazione = barra(QStringLiteral("HScrollAccettazione"), area, {600, 1500, 4800, 375},
@@ -165,18 +151,18 @@ void FormAccesso::crea()
     LabelPausa = etichetta(QStringLiteral("LabelPausa"), area, {600, 3000, 4800, 615});
     HScrollPausa =
         barra(QStringLiteral("HScrollPausa"), area, {600, 3660, 4800, 375}, ImpostazioniAccesso::PausaMassima);
-    CheckSuonoPasso = nominato(new CasellaACapo(QStringLiteral("Suono leggero a ogni passo della scansione"), area),
+    CheckSuonoPasso = ControlliProgetto::Nominato(new CasellaACapo(QStringLiteral("Suono leggero a ogni passo della scansione"), area),
                                QStringLiteral("CheckSuonoPasso"), {600, 4200, 4800, 495});
-    CheckSuonoTessera = nominato(
+    CheckSuonoTessera = ControlliProgetto::Nominato(
         new CasellaACapo(QStringLiteral("Nel gioco a tessere scoperte, il suono della tessera raggiunta"), area),
         QStringLiteral("CheckSuonoTessera"), {600, 4740, 4800, 735});
 
-    FrameInterruttori = nominato(new QGroupBox(QStringLiteral("I sensori"), area), QStringLiteral("FrameInterruttori"),
+    FrameInterruttori = ControlliProgetto::Nominato(new QGroupBox(QStringLiteral("I sensori"), area), QStringLiteral("FrameInterruttori"),
                                  {600, 5640, 4800, 3300});
     const char *scelte[4] = {"Tasti del gioco (spazio e invio)", "Pulsanti del mouse (sinistro e destro)",
                              "Joystick o gamepad (primi due pulsanti)", "Due tasti scelti"};
     for (int i = 0; i < 4; ++i) {
-        auto *o = nominato(new OpzioneACapo(QString::fromUtf8(scelte[i]), FrameInterruttori),
+        auto *o = ControlliProgetto::Nominato(new OpzioneACapo(QString::fromUtf8(scelte[i]), FrameInterruttori),
                            QStringLiteral("OptionInterruttori"), {240, double(360 + 540 * i), 4320, 495}, i);
         connect(o, &QAbstractButton::clicked, this, [this, i] {
             Accesso.Interruttori = SceltaInterruttori(i);
@@ -187,7 +173,7 @@ void FormAccesso::crea()
         });
         OptionInterruttori[size_t(i)] = o;
     }
-    CommandScegliTasti = nominato(new PulsanteACapo(QStringLiteral("Scegli i tasti"), FrameInterruttori),
+    CommandScegliTasti = ControlliProgetto::Nominato(new PulsanteACapo(QStringLiteral("Scegli i tasti"), FrameInterruttori),
                                   QStringLiteral("CommandScegliTasti"), {240, 2580, 1935, 495});
     CommandScegliTasti->setAutoDefault(false);
     LabelTasti = etichetta(QStringLiteral("LabelTasti"), FrameInterruttori, {2280, 2520, 2400, 615});
@@ -198,17 +184,17 @@ void FormAccesso::crea()
         scriviEtichette();
     });
 
-    FrameProva = nominato(new QGroupBox(QStringLiteral("Prova il sensore"), area), QStringLiteral("FrameProva"),
+    FrameProva = ControlliProgetto::Nominato(new QGroupBox(QStringLiteral("Prova il sensore"), area), QStringLiteral("FrameProva"),
                           {5880, 1080, 4695, 7860});
-    LabelProva = nominato(new QLabel(QStringLiteral("Fai clic nel riquadro, poi premi il sensore: ogni pressione "
+    LabelProva = ControlliProgetto::Nominato(new QLabel(QStringLiteral("Fai clic nel riquadro, poi premi il sensore: ogni pressione "
                                                     "appare nell'elenco, contata o no."),
                                      FrameProva),
                           QStringLiteral("LabelProva"), {240, 360, 4215, 735});
     LabelProva->setWordWrap(true);
-    PictureProva = nominato(new PictureProvaWidget(FrameProva), QStringLiteral("PictureProva"), {240, 1200, 4215, 1815});
+    PictureProva = ControlliProgetto::Nominato(new PictureProvaWidget(FrameProva), QStringLiteral("PictureProva"), {240, 1200, 4215, 1815});
     PictureProva->setToolTip(QStringLiteral("Qui si prova il sensore"));
     LabelConteggio = etichetta(QStringLiteral("LabelConteggio"), FrameProva, {240, 3120, 4215, 375});
-    ListProva = nominato(new QListWidget(FrameProva), QStringLiteral("ListProva"), {240, 3600, 4215, 3975});
+    ListProva = ControlliProgetto::Nominato(new QListWidget(FrameProva), QStringLiteral("ListProva"), {240, 3600, 4215, 3975});
     ListProva->setToolTip(QStringLiteral("Le pressioni provate, la più recente in alto"));
     ListProva->setFocusPolicy(Qt::NoFocus);
 

@@ -1,5 +1,7 @@
 #include "settings/FormConfigura.h"
 
+#include "settings/ControlliProgetto.h"
+
 #include "platform/Caratteri.h"
 #include "platform/Controlli.h"
 #include "platform/ControlliACapo.h"
@@ -26,30 +28,12 @@ namespace {
 constexpr int LarghezzaProgetto = 11175;
 constexpr int AltezzaProgetto = 9300;
 
-// The text of the controls at design size; the word samples take the player's own fonts.
-constexpr double PuntiControlli = 10;
-
-// A font that grows with the form, as the controls do; see resizeEvent.
-void fontProgetto(QWidget *w, double punti, bool grassetto = false)
-{
-    w->setFont(FontGioco(QStringLiteral("Arial"), punti, grassetto));
-    w->setProperty("PuntiProgetto", punti);
-}
-
-template <typename W>
-W *nominato(W *w, const QString &nome, const GeometriaTwips &g, int indice = -1)
-{
-    w->setObjectName(nome);
-    if (indice >= 0)
-        ImpostaIndice(w, indice);
-    fontProgetto(w, PuntiControlli);
-    ScriviGeometria(w, g);
-    return w;
-}
+// The word samples take the player's own fonts; the rest the design's.
+using ControlliProgetto::PuntiControlli;
 
 QPushButton *pulsante(const QString &nome, const char *caption, QWidget *padre, const GeometriaTwips &g)
 {
-    auto *b = nominato(new PulsanteACapo(QString::fromUtf8(caption), padre), nome, g);
+    auto *b = ControlliProgetto::Nominato(new PulsanteACapo(QString::fromUtf8(caption), padre), nome, g);
     b->setAccessibleName(b->text());
     // Enter in the name box must not press a colour button.
     b->setAutoDefault(false);
@@ -58,7 +42,7 @@ QPushButton *pulsante(const QString &nome, const char *caption, QWidget *padre, 
 
 QFrame *cornice(const QString &nome, QWidget *padre, const GeometriaTwips &g)
 {
-    auto *f = nominato(new QFrame(padre), nome, g);
+    auto *f = ControlliProgetto::Nominato(new QFrame(padre), nome, g);
     f->setFrameStyle(QFrame::Panel | QFrame::Raised);
     f->setAutoFillBackground(true);
     return f;
@@ -67,7 +51,7 @@ QFrame *cornice(const QString &nome, QWidget *padre, const GeometriaTwips &g)
 // A picture box: a sunken rectangle that shows its background colour.
 QFrame *figura(const QString &nome, QWidget *padre, const GeometriaTwips &g, int indice = -1)
 {
-    auto *f = nominato(new QFrame(padre), nome, g, indice);
+    auto *f = ControlliProgetto::Nominato(new QFrame(padre), nome, g, indice);
     f->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     f->setLineWidth(1);
     f->setAutoFillBackground(true);
@@ -76,7 +60,7 @@ QFrame *figura(const QString &nome, QWidget *padre, const GeometriaTwips &g, int
 
 QScrollBar *barra(const QString &nome, QWidget *padre, const GeometriaTwips &g, int minimo, int massimo)
 {
-    auto *s = nominato(new QScrollBar(Qt::Horizontal, padre), nome, g);
+    auto *s = ControlliProgetto::Nominato(new QScrollBar(Qt::Horizontal, padre), nome, g);
     s->setRange(minimo, massimo);
     s->setSingleStep(1);
     s->setPageStep(4);
@@ -99,13 +83,13 @@ FormConfigura::FormConfigura() : Form(QStringLiteral("FormConfigura"), Larghezza
     area = new QWidget(this);
     area->setGeometry(0, 0, PixelDaTwips(LarghezzaProgetto), PixelDaTwips(AltezzaProgetto));
 
-    Label4 = nominato(new QLabel(area), QStringLiteral("Label4"), {960, 360, 7695, 615});
-    fontProgetto(Label4, 20, true);
+    Label4 = ControlliProgetto::Nominato(new QLabel(area), QStringLiteral("Label4"), {960, 360, 7695, 615});
+    ControlliProgetto::FontProgetto(Label4, 20, true);
     Label4->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     Label4->setProperty("TestoDalProgramma", true); // the player's name
 
-    TabStrip1 = nominato(new QTabWidget(area), QStringLiteral("TabStrip1"), {600, 1080, 9975, 7575});
-    fontProgetto(TabStrip1, 11, true);
+    TabStrip1 = ControlliProgetto::Nominato(new QTabWidget(area), QStringLiteral("TabStrip1"), {600, 1080, 9975, 7575});
+    ControlliProgetto::FontProgetto(TabStrip1, 11, true);
     for (const char *scheda : {"Giocatori", "Colori e suoni", "Modalità di input"})
         TabStrip1->addTab(new QWidget, QString::fromUtf8(scheda));
     connect(TabStrip1, &QTabWidget::currentChanged, this, [this] { TabStrip1_Click(); });
@@ -160,13 +144,13 @@ void FormConfigura::creaUtente()
 {
     const char *caption[3] = {"Giocatore predefinito", "Modifica giocatore ", "Nuovo giocatore "};
     for (int i = 0; i < 3; ++i) {
-        auto *o = nominato(new OpzioneACapo(QString::fromUtf8(caption[i]), FrameUtente), QStringLiteral("OptionUtente"),
+        auto *o = ControlliProgetto::Nominato(new OpzioneACapo(QString::fromUtf8(caption[i]), FrameUtente), QStringLiteral("OptionUtente"),
                            {600, double(1320 + 960 * i), 3735, 495}, i);
         o->setAutoFillBackground(true);
         connect(o, &QAbstractButton::clicked, this, [this, i] { OptionUtente_Click(i); });
         OptionUtente[size_t(i)] = o;
     }
-    ListModificaUtente = nominato(new ElencoRigheIntere(FrameUtente), QStringLiteral("ListModificaUtente"),
+    ListModificaUtente = ControlliProgetto::Nominato(new ElencoRigheIntere(FrameUtente), QStringLiteral("ListModificaUtente"),
                                   {4560, 2280, 3135, 390});
     ListModificaUtente->hide();
     // Only a choice by the person: the focus coming in picks nothing.
@@ -174,7 +158,7 @@ void FormConfigura::creaUtente()
         if (!ListModificaUtente->selectedItems().isEmpty())
             ListModificaUtente_Click();
     });
-    TextNuovoUtente = nominato(new QLineEdit(FrameUtente), QStringLiteral("TextNuovoUtente"), {4560, 3240, 3135, 495});
+    TextNuovoUtente = ControlliProgetto::Nominato(new QLineEdit(FrameUtente), QStringLiteral("TextNuovoUtente"), {4560, 3240, 3135, 495});
     TextNuovoUtente->hide();
     connect(TextNuovoUtente, &QLineEdit::textChanged, this, [this] { TextNuovoUtente_Change(); });
 }
@@ -195,9 +179,9 @@ void FormConfigura::creaParole()
     const char *titoli[2] = {"Prima parola", "Seconda parola"};
     for (int i = 0; i < 2; ++i) {
         const QString cifra = QString::number(i + 1);
-        auto *f = nominato(new QGroupBox(QString::fromUtf8(titoli[i]), FrameParole), QStringLiteral("Frame1"),
+        auto *f = ControlliProgetto::Nominato(new QGroupBox(QString::fromUtf8(titoli[i]), FrameParole), QStringLiteral("Frame1"),
                            {i == 0 ? 120.0 : 4920.0, 240, 4575, 5175}, i);
-        fontProgetto(f, PuntiControlli, true);
+        ControlliProgetto::FontProgetto(f, PuntiControlli, true);
         f->setAutoFillBackground(true);
         Frame1[size_t(i)] = f;
 
@@ -218,7 +202,7 @@ void FormConfigura::creaParole()
 
         const char *casi[2] = {"MAIUSCOLO", "invariato"};
         for (int k = 0; k < 2; ++k) {
-            auto *o = nominato(new OpzioneACapo(QString::fromUtf8(casi[k]), f), QStringLiteral("optMaiuscolo") + cifra,
+            auto *o = ControlliProgetto::Nominato(new OpzioneACapo(QString::fromUtf8(casi[k]), f), QStringLiteral("optMaiuscolo") + cifra,
                                {k == 0 ? 240.0 : 2400.0, 2640, 1935, 495}, k);
             o->setAutoFillBackground(true);
             connect(o, &QAbstractButton::clicked, this,
@@ -226,7 +210,7 @@ void FormConfigura::creaParole()
             (*parole[i].maiuscolo)[size_t(k)] = o;
         }
 
-        auto *s = nominato(new QLabel(QStringLiteral("Per il corsivo selezionare \"Ecolier_court\""), f),
+        auto *s = ControlliProgetto::Nominato(new QLabel(QStringLiteral("Per il corsivo selezionare \"Ecolier_court\""), f),
                            QStringLiteral("Label") + cifra, {240, 3360, 4095, 1455});
         s->setWordWrap(true);
         s->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -246,7 +230,7 @@ void FormConfigura::creaParole()
     connect(CommandSceltaColoreTessere, &QPushButton::clicked, this, &FormConfigura::CommandSceltaColoreTessere_Click);
     Command1 = pulsante(QStringLiteral("Command1"), "Sfondo", FrameParole, {4200, 5820, 1935, 615});
     connect(Command1, &QPushButton::clicked, this, &FormConfigura::Command1_Click);
-    CheckSuoni = nominato(new CasellaACapo(QStringLiteral("Attiva suoni"), FrameParole), QStringLiteral("CheckSuoni"),
+    CheckSuoni = ControlliProgetto::Nominato(new CasellaACapo(QStringLiteral("Attiva suoni"), FrameParole), QStringLiteral("CheckSuoni"),
                           {6600, 5820, 2775, 615});
     CheckSuoni->setAutoFillBackground(true);
     connect(CheckSuoni, &QAbstractButton::clicked, this, &FormConfigura::CheckSuoni_Click);
@@ -256,21 +240,21 @@ void FormConfigura::creaPunt()
 {
     const char *modi[4] = {"Mouse", "Scansione manuale - spazio e invio ", "Scansione automatica - spazio", "Tastiera"};
     for (int i = 0; i < 4; ++i) {
-        auto *o = nominato(new OpzioneACapo(QString::fromUtf8(modi[i]), FramePunt), QStringLiteral("Option4"),
+        auto *o = ControlliProgetto::Nominato(new OpzioneACapo(QString::fromUtf8(modi[i]), FramePunt), QStringLiteral("Option4"),
                            {240, double(720 + 720 * i), 3855, 615}, i);
         o->setAutoFillBackground(true);
         connect(o, &QAbstractButton::clicked, this, [this, i] { Option4_Click(i); });
         Option4[size_t(i)] = o;
     }
     CheckDisabilitaMousePersonalizzato =
-        nominato(new CasellaACapo(QStringLiteral("Usa mouse di sistema"), FramePunt),
+        ControlliProgetto::Nominato(new CasellaACapo(QStringLiteral("Usa mouse di sistema"), FramePunt),
                  QStringLiteral("CheckDisabilitaMousePersonalizzato"), {4320, 720, 3975, 615});
-    CheckRiparti = nominato(new CasellaACapo(QStringLiteral("Riparti dall'inizio dopo la selezione"), FramePunt),
+    CheckRiparti = ControlliProgetto::Nominato(new CasellaACapo(QStringLiteral("Riparti dall'inizio dopo la selezione"), FramePunt),
                             QStringLiteral("CheckRiparti"), {6480, 2280, 2775, 1215});
     HScroll3 = barra(QStringLiteral("HScroll3"), FramePunt, {5280, 3600, 3975, 375}, VelocitaMinima, VelocitaMassima);
-    Label7 = nominato(new QLabel(QStringLiteral("Label7"), FramePunt), QStringLiteral("Label7"), {5400, 3960, 3975, 375});
+    Label7 = ControlliProgetto::Nominato(new QLabel(QStringLiteral("Label7"), FramePunt), QStringLiteral("Label7"), {5400, 3960, 3975, 375});
     Label7->setProperty("TestoDalProgramma", true); // the speed, in words
-    CheckRiquadro = nominato(new CasellaACapo(QStringLiteral("Usa riquadro"), FramePunt), QStringLiteral("CheckRiquadro"),
+    CheckRiquadro = ControlliProgetto::Nominato(new CasellaACapo(QStringLiteral("Usa riquadro"), FramePunt), QStringLiteral("CheckRiquadro"),
                              {2640, 4800, 1935, 855});
     HScrollRiquadro = barra(QStringLiteral("HScrollRiquadro"), FramePunt, {4920, 6360, 1335, 255}, SpessoreMinimo,
                             SpessoreMassimo);
