@@ -8,8 +8,11 @@
 #include "platform/Caratteri.h"
 #include "platform/Controlli.h"
 #include "platform/Twips.h"
+#include "platform/clsResize.h"
 
+#include <QFont>
 #include <QString>
+#include <QVariant>
 #include <QWidget>
 
 namespace ControlliProgetto {
@@ -32,6 +35,20 @@ W *Nominato(W *w, const QString &nome, const GeometriaTwips &g, int indice = -1)
     FontProgetto(w, PuntiControlli);
     ScriviGeometria(w, g);
     return w;
+}
+
+// Every control of a form made with FontProgetto takes its design size
+// times the form's scale.
+inline void ScalaFontProgetto(QWidget *form, double scala)
+{
+    for (QWidget *w : ControlliDelForm(form)) {
+        const QVariant punti = w->property("PuntiProgetto");
+        if (!punti.isValid())
+            continue;
+        QFont f = w->font();
+        f.setPointSizeF(punti.toDouble() * scala);
+        w->setFont(f);
+    }
 }
 
 } // namespace ControlliProgetto

@@ -437,12 +437,5 @@ void FormAccesso::resizeEvent(QResizeEvent *e)
                                   area->height() / (AltezzaProgetto / double(TwipsPerPixel)));
     if (scala <= 0)
         return;
-    for (QWidget *w : ControlliDelForm(this)) {
-        const QVariant punti = w->property("PuntiProgetto");
-        if (!punti.isValid())
-            continue;
-        QFont f = w->font();
-        f.setPointSizeF(punti.toDouble() * scala);
-        w->setFont(f);
-    }
+    ControlliProgetto::ScalaFontProgetto(this, scala);
 }
