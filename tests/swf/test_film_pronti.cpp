@@ -105,7 +105,9 @@ void controllaFilm(const QString &percorso, int minimoLato)
     QVERIFY2(secondi >= 1 && secondi <= 3, qPrintable(QString::number(secondi)));
     QVERIFY(f.dimensioneScena().width() >= minimoLato && f.dimensioneScena().height() >= minimoLato * 3 / 4);
     const QImage primo = f.immagine(QSize(100, 100), true);
-    QVERIFY2(coloriDiversi(primo) > 12, "frame 1 shows a picture");
+    // edges smoothed in four coverage steps: a picture of a few flat colours
+    // shows a few shades more than its colours, a blank frame one or two
+    QVERIFY2(coloriDiversi(primo) > 8, qPrintable(QString("frame 1 shows a picture: %1 colours").arg(coloriDiversi(primo))));
     // it moves, and after one loop it is back where it began
     f.avanza();
     QVERIFY(f.immagine(QSize(100, 100), true) != primo);

@@ -66,6 +66,26 @@ bool rosso(QRgb c) { return qRed(c) > 200 && qGreen(c) < 50 && qBlue(c) < 50; }
 class TestSwf : public QObject {
     Q_OBJECT
 private slots:
+    // Smooth edges are four samples a pixel, as the reference player takes
+    // them: a black square whose left and right sides lie a twip right of
+    // the pixel grid covers its first column whole and leaves the column
+    // past its right side untouched; a side through the middle of a pixel
+    // row covers two samples of four, half the row.
+    void iBordiLisciSonoQuattroCampioniAPixel()
+    {
+        const QByteArray t = sfondo(255, 255, 255) + rettangolo(1, 201, 200, 601, 410, 0x000000ff) + piazza(1, 1) + mostra();
+        swf::Filmato f;
+        QVERIFY(f.caricaDati(film(t, 1, 40, 40)));
+        const QImage img = f.immagine(QSize(40, 40), true);
+        QCOMPARE(qRed(img.pixel(9, 15)), 255);
+        QCOMPARE(qRed(img.pixel(10, 15)), 0);
+        QCOMPARE(qRed(img.pixel(29, 15)), 0);
+        QCOMPARE(qRed(img.pixel(30, 15)), 255);
+        QCOMPARE(qRed(img.pixel(15, 10)), 0);
+        QVERIFY2(std::abs(qRed(img.pixel(15, 20)) - 128) <= 1, qPrintable(QString::number(qRed(img.pixel(15, 20)))));
+        QCOMPARE(qRed(img.pixel(15, 21)), 255);
+    }
+
     void bitReaderReadsUnsignedAndSignedFieldsMsbFirst()
     {
         const uint8_t d[] = {0b10110011, 0b11110000};
