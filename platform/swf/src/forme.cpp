@@ -67,15 +67,18 @@ bool leggiStili(Lettore &r, int versione, StratoForma &s)
     size_t n = r.u8();
     if (n == 0xff && versione >= 2)
         n = r.u16();
+    // a damaged count can claim thousands: room grows with what is read
+    s.riempimenti.reserve(std::min<size_t>(n, 64));
     for (size_t i = 0; i < n && r.ok(); ++i) {
         Riempimento f;
         if (!leggiRiempimento(r, versione, f))
             return false;
-        s.riempimenti.push_back(f);
+        s.riempimenti.push_back(std::move(f));
     }
     n = r.u8();
     if (n == 0xff && versione >= 2)
         n = r.u16();
+    s.tratti.reserve(std::min<size_t>(n, 64));
     for (size_t i = 0; i < n && r.ok(); ++i) {
         Tratto t;
         t.larghezza = r.u16();
@@ -102,7 +105,7 @@ bool leggiStili(Lettore &r, int versione, StratoForma &s)
         } else {
             t.colore = leggiColore(r, versione >= 3);
         }
-        s.tratti.push_back(t);
+        s.tratti.push_back(std::move(t));
     }
     return r.ok();
 }
