@@ -222,7 +222,12 @@ private slots:
         for (FilmInProva &f : film)
             QVERIFY(f.film->uscitaSuono()->vociAttive() <= 33);
         const long crescita = memoriaKb() - memoriaDopoRiscaldo;
+#if defined(__SANITIZE_ADDRESS__)
+        // AddressSanitizer keeps freed blocks in quarantine (256 MB) and its
+        // leak check covers this build: the growth is only printed
+#else
         QVERIFY2(crescita < 4096, qPrintable(QStringLiteral("%1 KB more").arg(crescita)));
+#endif
         qInfo("%lld s of the engine's time, %lld%% of it sounding, %ld threads, %ld KB grown after the first 2000 sounds",
               static_cast<long long>(tempo / hz), static_cast<long long>(50 * uditi / tempo), fili(), crescita);
     }
